@@ -1,0 +1,22 @@
+# What the two libraries stand on. Each is a package of the Debian 12 main archive.
+
+find_package(Boost 1.74 REQUIRED COMPONENTS filesystem system)
+find_package(Threads REQUIRED)
+
+# boost::network::uri::uri comes from an installed cpp-netlib, and otherwise from the header in
+# document_interface/boost_network_shim, which has the same name and interface.
+find_package(cppnetlib QUIET)
+if(TARGET cppnetlib-uri)
+    set(HARROW_HAS_CPPNETLIB ON)
+else()
+    set(HARROW_HAS_CPPNETLIB OFF)
+endif()
+
+if(NOT HARROW_DOCUMENT_LIBRARY)
+    find_package(PkgConfig REQUIRED)
+    pkg_check_modules(QPDF REQUIRED IMPORTED_TARGET libqpdf>=11)
+    pkg_check_modules(DEFLATE REQUIRED IMPORTED_TARGET libdeflate)
+    pkg_check_modules(URIPARSER REQUIRED IMPORTED_TARGET liburiparser)
+    pkg_check_modules(LCMS REQUIRED IMPORTED_TARGET lcms2)
+    find_package(ZLIB REQUIRED)
+endif()
