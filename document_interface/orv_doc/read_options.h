@@ -1,0 +1,124 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include <orv_sys/export.h>
+
+namespace OrvDoc
+{
+
+/// How `Document::Create` reads. A value; default-constructed it opens what needs no password, within limits
+/// that no sensible file meets.
+class ORV_EXPORT ReadOptions
+{
+public:
+    /// What a file may ask of the reader, so that a hostile one cannot take the machine's memory or run the
+    /// stack out. Each limit is the largest value that is still read; what goes beyond is left out, with an
+    /// active error that names the limit, its value and the place.
+    struct Limits
+    {
+        /// Levels of arrays and dictionaries within one object, in the file or among a content stream's
+        /// operands. Real objects stay below 20; the parsers recurse, and a level costs them up to a kilobyte
+        /// of stack.
+        std::uint32_t objectNesting = 500;
+
+        /// Levels of `q`, marked content and text objects within one content stream. Some producers never
+        /// close what they open on a page; the objects that the reader makes are walked recursively by many
+        /// users.
+        std::uint32_t contentNesting = 10000;
+
+        /// Levels of forms, tiling patterns, soft masks and glyph procedures within one another. Real artwork
+        /// stays below 20. Each level is an interpreter on the stack.
+        std::uint32_t formNesting = 64;
+
+        /// Levels of the page tree. Balanced trees have fewer than 10; some producers make a chain with one
+        /// level for a few pages, hence the room.
+        std::uint32_t pageTreeNesting = 1000;
+
+        /// Levels of the order tree of layers. Viewers show fewer than 10.
+        std::uint32_t layerOrderNesting = 64;
+
+        /// Pages. The largest real files, printed transaction records, have some hundred thousand.
+        std::uint64_t pages = 1000000;
+
+        /// Indirect objects in the file. The largest number that ISO 32000-1, Annex C.2 lets a conforming
+        /// reader expect.
+        std::uint64_t indirectObjects = 8388607;
+
+        /// Bytes of one content stream after its filters; the parts of a page's content count together. Maps
+        /// and drawings reach some ten million bytes, seldom a hundred. Content is held whole while it is
+        /// read.
+        std::uint64_t contentStreamBytes = UINT64_C(256) << 20;
+
+        /// Bytes of any other single stream after its filters, pictures included. A picture of 16384 by 16384
+        /// pixels in four channels of 8 bits has just that size. Deflate can blow a kilobyte up to a
+        /// megabyte, so the length in the file says nothing.
+        std::uint64_t streamBytes = UINT64_C(1) << 30;
+
+        /// Bytes that all decoded streams of a document take, each counted whenever it is decoded anew.
+        /// Bounds the time that a file of many streams at the limit above takes to some minutes. A scanned
+        /// book of a thousand pages has about a tenth of it.
+        std::uint64_t documentBytes = UINT64_C(64) << 30;
+
+        /// Content objects of one content, groups included. The densest real drawings have some millions. An
+        /// object takes up to a kilobyte of memory, and a content stream can ask for one with every few
+        /// bytes.
+        std::uint64_t contentObjects = 10000000;
+
+        /// Operands in front of one operator. A separation colour has as many as it has colorants, and the
+        /// other operators at most six; arrays count once. ISO 32000-1, Annex C.2 gives DeviceN 32 colorants,
+        /// and files go beyond that.
+        std::uint32_t operands = 1024;
+
+        /// Elements of one array or entries of one dictionary among the operands. The longest real ones are
+        /// the strings of `TJ` and the tables of inline images.
+        std::uint64_t operandElements = 1000000;
+
+        /// Bytes of one string or name among the operands.
+        std::uint64_t operandBytes = UINT64_C(64) << 20;
+
+        /// Segments of one path. Traced drawings and maps have paths of some millions; a segment takes up to
+        /// 56 bytes.
+        std::uint64_t pathSegments = 20000000;
+
+        /// Lengths of one dash pattern. Each stroke has its own pattern, and an operator of five bytes can
+        /// give the next stroke another one; real patterns have up to a dozen.
+        std::uint32_t dashElements = 256;
+
+        /// Samples of one picture (width times height times channels), before any memory is taken for them.
+        /// JPX and DCT data give dimensions of their own that `streamBytes` does not see.
+        std::uint64_t pictureSamples = UINT64_C(1) << 30;
+
+        /// Colorants of one colour space. DeviceN has at most 32 by ISO 32000-1, Annex C.2; the field leaves
+        /// room for files that go beyond it.
+        std::uint32_t colorants = 256;
+
+        /// Samples of the table of one sampled function (product of the sizes times outputs). A table of four
+        /// inputs with 33 steps and four outputs has 4.7 million.
+        std::uint64_t functionSamples = UINT64_C(64) << 20;
+
+        /// Levels of functions within stitching functions, and of braces in a calculator function.
+        std::uint32_t functionNesting = 32;
+
+        /// Tokens of one calculator function. Real ones have at most some thousand.
+        std::uint64_t calculatorTokens = 1000000;
+
+        /// Active errors that one content keeps, and one document. A damaged stream can have an error for
+        /// each of its operators; the last entry tells how many more there were.
+        std::uint64_t errors = 10000;
+    };
+
+    ReadOptions();
+    ~ReadOptions();
+    ReadOptions(const ReadOptions&);
+    ReadOptions& operator=(const ReadOptions&);
+
+    /// UTF-8, for files that are encrypted: the user's or the owner's password. Empty is the password of
+    /// files that open without one.
+    std::string password;
+
+    Limits limits;
+};
+
+} // namespace OrvDoc
