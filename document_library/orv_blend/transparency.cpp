@@ -1,0 +1,71 @@
+#include <orv_blend/transparency.h>
+
+#include <utility>
+
+namespace OrvBlend
+{
+
+const std::shared_ptr<const Transparency>& Transparency::Factory::GetDefault()
+{
+    static const auto opaque = std::make_shared<const Transparency>();
+    return opaque;
+}
+
+Transparency::Factory& Transparency::Factory::SetBlendMode(BlendMode blendMode)
+{
+    fields.blendMode = blendMode;
+    return *this;
+}
+
+Transparency::Factory& Transparency::Factory::SetFillAlpha(OrvColor::Component alpha)
+{
+    fields.fillAlpha = alpha;
+    return *this;
+}
+
+Transparency::Factory& Transparency::Factory::SetStrokeAlpha(OrvColor::Component alpha)
+{
+    fields.strokeAlpha = alpha;
+    return *this;
+}
+
+Transparency::Factory& Transparency::Factory::SetIsolated(bool isolated)
+{
+    fields.isolated = isolated;
+    return *this;
+}
+
+Transparency::Factory& Transparency::Factory::SetKnockout(bool knockout)
+{
+    fields.knockout = knockout;
+    return *this;
+}
+
+Transparency::Factory& Transparency::Factory::SetAlphaIsShape(bool alphaIsShape)
+{
+    fields.alphaIsShape = alphaIsShape;
+    return *this;
+}
+
+Transparency::Factory& Transparency::Factory::SetSoftMask(std::shared_ptr<const SoftMask> softMask)
+{
+    fields.softMask = std::move(softMask);
+    return *this;
+}
+
+std::shared_ptr<const Transparency> Transparency::Factory::Get() const
+{
+    if (fields == *GetDefault())
+        return GetDefault();
+    return std::make_shared<const Transparency>(fields);
+}
+
+bool operator==(const Transparency& left, const Transparency& right)
+{
+    return left.blendMode == right.blendMode && left.fillAlpha == right.fillAlpha &&
+           left.strokeAlpha == right.strokeAlpha && left.isolated == right.isolated &&
+           left.knockout == right.knockout && left.alphaIsShape == right.alphaIsShape &&
+           left.softMask == right.softMask;
+}
+
+} // namespace OrvBlend
