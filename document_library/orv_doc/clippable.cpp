@@ -1,0 +1,8 @@
+#include <orv_doc/clippable.h>
+
+namespace OrvDoc
+{
+
+void Clippable::ClippingObjectChangedSelf() {}
+
+} // namespace OrvDoc

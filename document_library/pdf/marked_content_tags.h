@@ -1,0 +1,34 @@
+#pragma once
+
+namespace OrvPdf::Tags
+{
+
+// Marked content that says what PDF has no word for. Other readers skip tags that they don't know.
+
+/// A `Group`. Properties, each left out where it has its default: `Name` (string: the bytes of the name as
+/// they are, UTF-8), `Flags` (integer; 511), `Matrix` (the group's own transformation; the first `cm` inside
+/// has the same six numbers), `OwnClips` (integer; 0: so many of the clips that follow are clipping objects
+/// of this group and not of a group of their own).
+inline constexpr const char* group = "OrvGroup";
+/// A `TextGroup`, with the properties of a group, and `Clip` (boolean; false).
+inline constexpr const char* textGroup = "OrvTextGroup";
+/// A marked-content point directly inside the marked content of a layer or of another program: what that
+/// group has beside it, with the properties of a group.
+inline constexpr const char* attributes = "OrvAttributes";
+/// Around the operators of one object that is no group: `Name` (as above), `EvenOdd` (boolean: the winding
+/// rule of a path that nothing fills and that clips nothing).
+inline constexpr const char* object = "OrvObject";
+
+/// A marked-content point behind a clipping path that stands under a matrix of its own: `Matrix` has its six
+/// numbers, and the `cm` that follows directly holds the inverse, rounded. The matrix in force is then
+/// exactly the one before.
+inline constexpr const char* reset = "OrvReset";
+
+inline constexpr const char* nameKey = "Name";
+inline constexpr const char* flagsKey = "Flags";
+inline constexpr const char* matrixKey = "Matrix";
+inline constexpr const char* clipKey = "Clip";
+inline constexpr const char* ownClipsKey = "OwnClips";
+inline constexpr const char* evenOddKey = "EvenOdd";
+
+} // namespace OrvPdf::Tags

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <orv_doc/read_options.h>
+
+namespace OrvDoc
+{
+class Content;
+}
+
+namespace OrvPdf
+{
+
+class ContentResources;
+
+/// A run of bytes of a content stream.
+struct ByteRange
+{
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
+
+/// What came out of the interpretation of a content stream, beside the objects.
+struct Interpretation
+{
+    /// Texts of the active errors, in order of their first occurrence, without the place of the content
+    /// ("page 3"); one for each kind of problem and operator, with a count, so that a damaged stream can't
+    /// flood the list.
+    std::vector<std::string> errors;
+    /// Whether valid operators were left out that the model has no place for. Such a content is kept as it
+    /// stands in the file as long as nobody changes it.
+    bool hasUnmodelled = false;
+    /// The parts that no reader can make sense of, in order, with something between any two. A content that
+    /// is kept is written with a blank in the place of each, lest what stands on both sides runs together.
+    std::vector<ByteRange> damaged;
+};
+
+/// Interprets a decoded content stream into the empty content (ISO 32000-1, 7.8.2 and 8). Throws nothing for
+/// what the stream holds.
+Interpretation InterpretContent(std::string_view stream, ContentResources& resources,
+                                const OrvDoc::ReadOptions::Limits& limits, OrvDoc::Content& content);
+
+} // namespace OrvPdf

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <boost/optional.hpp>
+
+#include <orv_color/color_space.h>
+#include <orv_doc/layer.h>
+#include <orv_sys/pdf_object.h>
+
+namespace OrvPdf
+{
+
+/// What the interpreter of a content stream asks of the resource dictionary (ISO 32000-1, 7.8.3). Named
+/// resources are looked up when an operator first needs them, once a name.
+///
+/// A look-up that finds nothing or something malformed returns an empty value and sets `problem` to the
+/// reason, in words that can follow "resource /Cs8: ". A value may come with a problem too; it is used, and
+/// the problem told.
+class ContentResources
+{
+public:
+    virtual ~ContentResources() = default;
+
+    /// A colour space by its resource name; the names of the device spaces and `Pattern` are asked for as
+    /// well, since a resource may stand in for them: `DefaultGray`, `DefaultRGB`, `DefaultCMYK` (8.6.5.6).
+    virtual OrvColor::ColorSpace::Pointer FindColorSpace(const std::string& name, std::string& problem) = 0;
+
+    /// A graphics state parameter dictionary (8.4.5), references resolved. Keys whose value can't stand in a
+    /// `PdfObject` (a soft mask's form, a font) have the name `Unresolved` as their value.
+    virtual OrvSys::PdfObject FindGraphicsState(const std::string& name, std::string& problem) = 0;
+
+    /// A property list of marked content.
+    struct PropertyList
+    {
+        OrvSys::PdfObject value;
+        /// Object number of the list; 0 if it stands in the resource dictionary itself.
+        int objectNumber = 0;
+        /// Set if the list is an optional content group or membership dictionary.
+        boost::optional<OrvDoc::Layer::Membership> layer;
+    };
+
+    virtual boost::optional<PropertyList> FindPropertyList(const std::string& name, std::string& problem) = 0;
+};
+
+} // namespace OrvPdf

@@ -1,0 +1,69 @@
+#include "pdf/reader/document_resources.h"
+
+#include <stdexcept>
+#include <utility>
+
+namespace OrvPdf
+{
+
+DocumentResources::DocumentResources(std::shared_ptr<const SourceFile> givenFile)
+    : file(std::move(givenFile)), converter(*file)
+{}
+
+OrvColor::ColorSpace::Pointer DocumentResources::GetColorSpace(QPDFObjectHandle definition,
+                                                               std::string& problem)
+{
+    KnownSpace known;
+    if (definition.isIndirect()) {
+        const auto found = spacesByObject.find(definition.getObjGen());
+        if (found == spacesByObject.end())
+            known = spacesByObject.emplace(definition.getObjGen(), MakeColorSpace(definition)).first->second;
+        else
+            known = found->second;
+    } else {
+        known = MakeColorSpace(definition);
+    }
+    if (!known.space)
+        problem = known.problem;
+    return known.space;
+}
+
+DocumentResources::KnownSpace DocumentResources::MakeColorSpace(QPDFObjectHandle definition)
+{
+    KnownSpace made;
+    const OrvSys::PdfObject converted = converter.Convert(definition, made.problem);
+    if (!made.problem.empty())
+        return made;
+    try {
+        made.space = OrvColor::ColorSpace::FromDefinition(converted);
+    } catch (const std::invalid_argument& failure) {
+        made.problem = failure.what();
+    } catch (const std::length_error& failure) {
+        made.problem = failure.what();
+    }
+    if (!made.space)
+        return made;
+    std::vector<OrvColor::ColorSpace::Pointer>& candidates =
+        spacesByDigest[made.space->GetDefinition().GetDigest()];
+    for (const OrvColor::ColorSpace::Pointer& candidate : candidates) {
+        if (*candidate == *made.space) {
+            made.space = candidate;
+            return made;
+        }
+    }
+    candidates.push_back(made.space);
+    return made;
+}
+
+void DocumentResources::AddLayer(int objectNumber, std::shared_ptr<OrvDoc::LayerProperties> layer)
+{
+    layers.emplace(objectNumber, std::move(layer));
+}
+
+std::shared_ptr<OrvDoc::LayerProperties> DocumentResources::FindLayer(int objectNumber) const
+{
+    const auto found = layers.find(objectNumber);
+    return found == layers.end() ? nullptr : found->second;
+}
+
+} // namespace OrvPdf

@@ -1,0 +1,134 @@
+#include "pdf/reader/interpreter.h"
+
+#include <algorithm>
+#include <limits>
+
+#include <orv_doc/content.h>
+#include <orv_doc/content_object.h>
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+// Overlapping clips and marked content occur in real files some hundred times a page at most.
+constexpr std::uint64_t maximumGroupCopies = 100000;
+
+enum class Meaning
+{
+    Damaged,   // The bytes are left out.
+    Odd,       // They are read nonetheless.
+    Unmodelled // A limit leaves out what others may read.
+};
+
+Meaning MeaningOf(DamageKind kind)
+{
+    switch (kind) {
+    case DamageKind::UnclosedContainer:
+    case DamageKind::BadHexadecimalDigit:
+    case DamageKind::MalformedNumber:
+    case DamageKind::MissingSeparator:
+    case DamageKind::MalformedDictionary:
+    case DamageKind::InlineImageLengthMismatch:
+        return Meaning::Odd;
+    case DamageKind::TooManyOperands:
+    case DamageKind::TooManyElements:
+    case DamageKind::NestingTooDeep:
+    case DamageKind::StringTooLong:
+        return Meaning::Unmodelled;
+    default:
+        return Meaning::Damaged;
+    }
+}
+
+ContentLexerLimits LexerLimits(const OrvDoc::ReadOptions::Limits& limits)
+{
+    ContentLexerLimits result;
+    result.nesting = limits.objectNesting;
+    result.operands = limits.operands;
+    result.elements = static_cast<std::uint32_t>(
+        std::min<std::uint64_t>(limits.operandElements, std::numeric_limits<std::uint32_t>::max()));
+    result.stringBytes = limits.operandBytes;
+    result.damages = limits.errors;
+    return result;
+}
+
+} // namespace
+
+Interpreter::Interpreter(ContentResources& contentResources, const OrvDoc::ReadOptions::Limits& readLimits,
+                         OrvDoc::Content& content)
+    : resources(contentResources),
+      limits(readLimits),
+      problems(readLimits.errors),
+      tree(content, readLimits.contentObjects, maximumGroupCopies)
+{
+    // A page begins in black with a line of one point (ISO 32000-1, table 52). Black in plain DeviceGray: a
+    // default colour space applies to colours that the content sets.
+    const auto gray = OrvColor::ColorSpace::DeviceGray();
+    const auto black = std::make_shared<const Color>(Color{gray, gray->GetInitialComponents()});
+    state.fill.color = black;
+    state.stroke.color = black;
+    state.strokeProperties = std::make_shared<const OrvDoc::StrokeProperties>();
+}
+
+Interpretation Interpreter::Run(std::string_view stream)
+{
+    ContentLexer lexer(stream, LexerLimits(limits));
+    ContentOperation operation;
+    while (lexer.Next(operation)) {
+        ++operationNumber;
+        Execute(operation);
+        problems.EndOperation(operation.end);
+    }
+    // What comes now is not in the order of the stream.
+    problems.EndOperation(std::numeric_limits<std::size_t>::max());
+    TakeLexerDamages(lexer);
+    Finish(stream.size());
+    return problems.Finish();
+}
+
+void Interpreter::TakeLexerDamages(const ContentLexer& lexer)
+{
+    for (const LexerDamage& damage : lexer.Damages()) {
+        const ByteRange place{damage.begin, damage.end};
+        switch (MeaningOf(damage.kind)) {
+        case Meaning::Damaged:
+            problems.Damaged({}, DamageText(damage.kind), {}, place);
+            break;
+        case Meaning::Odd:
+            problems.Odd({}, DamageText(damage.kind), {}, place);
+            break;
+        case Meaning::Unmodelled:
+            problems.Unmodelled({}, DamageText(damage.kind), {}, place);
+            break;
+        }
+    }
+    problems.CountDropped(lexer.DamageCount() - lexer.Damages().size());
+}
+
+void Interpreter::Finish(std::size_t streamSize)
+{
+    const ByteRange end{streamSize, streamSize};
+    for (const ByteRange& place : pathPlaces) {
+        problems.Damaged({}, "a path that no operator paints or ends", {}, place);
+    }
+    if (!openMarks.empty()) {
+        problems.Odd({}, "marked content that is not ended", {}, end);
+    }
+    tree.CloseAll();
+    if (tree.HitObjectLimit()) {
+        problems.Limit("contentObjects", limits.contentObjects, end);
+    }
+    if (tree.HitCopyLimit()) {
+        problems.Limit("groups cut up by overlaps", maximumGroupCopies, end);
+    }
+}
+
+Interpretation InterpretContent(std::string_view stream, ContentResources& resources,
+                                const OrvDoc::ReadOptions::Limits& limits, OrvDoc::Content& content)
+{
+    return Interpreter(resources, limits, content).Run(stream);
+}
+
+} // namespace OrvPdf

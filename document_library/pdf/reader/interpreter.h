@@ -1,0 +1,275 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <boost/optional.hpp>
+
+#include <orv_doc/read_options.h>
+#include <plexa/compound_builder.h>
+#include <plexa/winding_rule.h>
+
+#include "pdf/reader/content_interpreter.h"
+#include "pdf/reader/content_lexer.h"
+#include "pdf/reader/content_resources.h"
+#include "pdf/reader/graphics_state.h"
+#include "pdf/reader/paint_cache.h"
+#include "pdf/reader/problem_log.h"
+#include "pdf/reader/resource_cache.h"
+#include "pdf/reader/scope_tree.h"
+
+namespace OrvPdf
+{
+
+/// The last operands of an operation, as many as its operator takes.
+class Arguments
+{
+public:
+    /// The operation must have that many operands.
+    Arguments(const ContentOperation& given, std::size_t count)
+        : operation(given), operands(given.operands.Last(count))
+    {}
+
+    const Operand& operator[](std::size_t index) const { return operands[index]; }
+    /// For a walk over all of them, which takes linear time where arrays are among them.
+    const OperandRange& All() const { return operands; }
+    std::size_t Count() const { return operands.size(); }
+    const ContentOperation& Operation() const { return operation; }
+    std::string_view OperatorText() const { return operation.operatorText; }
+    ByteRange Place() const { return {operation.begin, operation.end}; }
+
+private:
+    const ContentOperation& operation;
+    OperandRange operands;
+};
+
+/// Carries out the operations of one content stream. The operators are listed in `operator_table.cpp`; their
+/// functions stand in one source file a family.
+class Interpreter
+{
+public:
+    Interpreter(ContentResources& contentResources, const OrvDoc::ReadOptions::Limits& readLimits,
+                OrvDoc::Content& content);
+
+    Interpretation Run(std::string_view stream);
+
+    // Path construction (ISO 32000-1, 8.5.2).
+    void MoveTo(const Arguments& arguments);
+    void LineTo(const Arguments& arguments);
+    void CurveTo(const Arguments& arguments);
+    void CurveToFromCurrent(const Arguments& arguments);
+    void CurveToReplicateFinal(const Arguments& arguments);
+    void ClosePath(const Arguments& arguments);
+    void Rectangle(const Arguments& arguments);
+
+    // Path painting and clipping (8.5.3, 8.5.4).
+    void Stroke(const Arguments& arguments);
+    void CloseStroke(const Arguments& arguments);
+    void Fill(const Arguments& arguments);
+    void FillEvenOdd(const Arguments& arguments);
+    void FillStroke(const Arguments& arguments);
+    void FillStrokeEvenOdd(const Arguments& arguments);
+    void CloseFillStroke(const Arguments& arguments);
+    void CloseFillStrokeEvenOdd(const Arguments& arguments);
+    void EndPath(const Arguments& arguments);
+    void Clip(const Arguments& arguments);
+    void ClipEvenOdd(const Arguments& arguments);
+
+    // Graphics state (8.4.4).
+    void SaveState(const Arguments& arguments);
+    void RestoreState(const Arguments& arguments);
+    void ConcatMatrix(const Arguments& arguments);
+    void SetLineWidth(const Arguments& arguments);
+    void SetLineCap(const Arguments& arguments);
+    void SetLineJoin(const Arguments& arguments);
+    void SetMiterLimit(const Arguments& arguments);
+    void SetDash(const Arguments& arguments);
+    void SetRenderingIntent(const Arguments& arguments);
+    void SetFlatness(const Arguments& arguments);
+    void SetParameters(const Arguments& arguments);
+
+    // Colour (8.6.8).
+    void SetFillColorSpace(const Arguments& arguments);
+    void SetStrokeColorSpace(const Arguments& arguments);
+    void SetFillColor(const Arguments& arguments);
+    void SetStrokeColor(const Arguments& arguments);
+    void SetFillGray(const Arguments& arguments);
+    void SetStrokeGray(const Arguments& arguments);
+    void SetFillRgb(const Arguments& arguments);
+    void SetStrokeRgb(const Arguments& arguments);
+    void SetFillCmyk(const Arguments& arguments);
+    void SetStrokeCmyk(const Arguments& arguments);
+
+    // Marked content (14.6) and optional content (8.11.3).
+    void BeginMarkedContent(const Arguments& arguments);
+    void BeginMarkedContentList(const Arguments& arguments);
+    void EndMarkedContent(const Arguments& arguments);
+    void MarkedPoint(const Arguments& arguments);
+    void MarkedPointList(const Arguments& arguments);
+
+    // Compatibility (7.8.2).
+    void BeginCompatibility(const Arguments& arguments);
+    void EndCompatibility(const Arguments& arguments);
+
+    // Operators that the model has no place for.
+    void LeaveOutText(const Arguments& arguments);
+    void LeaveOutXObject(const Arguments& arguments);
+    void LeaveOutInlineImage(const Arguments& arguments);
+    void LeaveOutShading(const Arguments& arguments);
+    void RejectMisplaced(const Arguments& arguments);
+
+private:
+    /// What an `OrvObject` says about the object inside.
+    struct ObjectAttributes
+    {
+        std::string name;
+        bool evenOdd = false;
+    };
+
+    struct OpenMark
+    {
+        /// 0 for the attributes of an object.
+        ScopeTree::Id scope;
+    };
+
+    /// A group that objects are placed in relative to its own transformation.
+    struct Base
+    {
+        ScopeTree::Id scope;
+        Matrix transformation;
+    };
+
+    struct SavedState
+    {
+        GraphicsState state;
+        std::size_t clipCount;
+        std::size_t baseCount;
+    };
+
+    /// A matrix that a property list has named, and the operation that the `cm` must directly follow; 0 for
+    /// none.
+    struct ExpectedMatrix
+    {
+        Matrix matrix;
+        ScopeTree::Id scope = 0;
+        std::uint64_t operation = 0;
+    };
+
+    /// A property list, its layer apart so that all groups share it.
+    struct PropertyList
+    {
+        std::shared_ptr<const ContentResources::PropertyList> list;
+        std::shared_ptr<const OrvDoc::Layer::Membership> layer;
+    };
+
+    // operator_table.cpp
+    void Execute(const ContentOperation& operation);
+
+    // interpreter.cpp
+    void TakeLexerDamages(const ContentLexer& lexer);
+    void Finish(std::size_t streamSize);
+    bool IsExpected(const ExpectedMatrix& matrix) const
+    {
+        return matrix.operation != 0 && matrix.operation + 1 == operationNumber;
+    }
+
+    // path_operators.cpp
+    bool ExtendPath(const Arguments& arguments, std::size_t segments);
+    void PaintPath(const Arguments& arguments, bool close, boost::optional<Plexa::WindingRule> fillRule,
+                   bool stroke);
+    void PlacePath(std::shared_ptr<const Plexa::Compound> compound, bool fill, bool stroke,
+                   const std::string& name);
+    void BeginClip(std::shared_ptr<const Plexa::Compound> compound, const std::string& name, ByteRange place);
+
+    // state_operators.cpp
+    void LeaveScopes(const SavedState& saved);
+    bool EnterGroupMatrix(const Matrix& matrix, ByteRange place);
+    bool LeaveClipMatrix();
+    void ReleaseBase(ScopeTree::Id scope);
+
+    // stroke_operators.cpp
+    void ChangeStroke(OrvDoc::StrokeProperties properties);
+    bool SetDashPattern(OrvDoc::StrokeProperties& properties, std::vector<double> dashes, double phase,
+                        const Arguments& arguments);
+
+    // parameter_operators.cpp
+    void ApplyParameter(const std::string& key, const OrvSys::PdfObject& value, const Arguments& arguments);
+    bool ApplyStrokeParameter(const std::string& key, const OrvSys::PdfObject& value);
+    bool ApplyDashParameter(const OrvSys::PdfObject& value, const Arguments& arguments);
+    bool ApplyOverprintParameter(const std::string& key, const OrvSys::PdfObject& value);
+
+    // color_operators.cpp
+    using ColorSpaceEntry = ResourceCache<OrvColor::ColorSpace::Pointer>::Entry;
+    const ColorSpaceEntry& LookUpColorSpace(std::string_view name);
+    OrvColor::ColorSpace::Pointer FindColorSpace(std::string_view name, const Arguments& arguments);
+    OrvColor::ColorSpace::Pointer FindDeviceSpace(OrvColor::ColorSpace::Family family,
+                                                  const Arguments& arguments);
+    void SetColorSpace(PaintSetting& setting, const Arguments& arguments);
+    void SetColor(PaintSetting& setting, const Arguments& arguments);
+    void SetColor(PaintSetting& setting, OrvColor::ColorSpace::Pointer space, const Arguments& arguments);
+    std::shared_ptr<const OrvPaint::Paint> GetPaint(PaintSetting& setting);
+
+    // marked_content_operators.cpp
+    OrvSys::PdfObject ToObject(const Operand& operand, const Arguments& arguments);
+    void BeginMark(const std::string& tag, const OrvSys::PdfObject& properties, const Arguments& arguments);
+    void BeginObject(const OrvSys::PdfObject& properties);
+    void ApplyAttributes(const OrvSys::PdfObject& properties, const Arguments& arguments);
+    void ExpectGroupParts(ScopeTree::Id scope, const OrvSys::PdfObject& properties,
+                          const Arguments& arguments);
+    GroupRecipe ForeignRecipe(const std::string& tag, const OrvSys::PdfObject& properties, bool isPoint,
+                              const Arguments& arguments);
+    PropertyList LookUpPropertyList(const std::string& name, std::string& problem);
+
+    ContentResources& resources;
+    const OrvDoc::ReadOptions::Limits& limits;
+    ProblemLog problems;
+    ScopeTree tree;
+    PaintCache paints;
+    ResourceCache<OrvColor::ColorSpace::Pointer> spaces;
+    /// The device spaces or what stands in for them, by family, once they have been had without a problem.
+    std::array<OrvColor::ColorSpace::Pointer, 3> deviceSpaces;
+    ResourceCache<OrvSys::PdfObject> parameterLists;
+    ResourceCache<PropertyList> propertyLists;
+
+    /// Counts from 1.
+    std::uint64_t operationNumber = 0;
+    GraphicsState state;
+    std::vector<SavedState> savedStates;
+    /// `q` operators past the nesting limit, whose `Q` must not restore anything.
+    std::uint64_t droppedSaves = 0;
+    /// The clips in force, in order of their beginning.
+    std::vector<ScopeTree::Id> openClips;
+    std::vector<OpenMark> openMarks;
+    /// Marked content past the nesting limit, whose ends must not end anything.
+    std::uint64_t droppedMarks = 0;
+
+    Plexa::CompoundBuilder path;
+    boost::optional<Plexa::WindingRule> pendingClip;
+    std::uint64_t pathSegments = 0;
+    /// The operations that make up the path, those side by side as one.
+    std::vector<ByteRange> pathPlaces;
+    std::uint64_t latestPathOperation = 0;
+
+    boost::optional<ObjectAttributes> objectAttributes;
+    /// The matrix of a group that was just opened, for the first `cm` behind nothing but `q`.
+    ExpectedMatrix groupMatrix;
+    /// The matrix that an `OrvReset` point has named.
+    ExpectedMatrix clipMatrix;
+    /// The groups with a transformation of their own that the matrix of the state is relative to, outermost
+    /// first.
+    std::vector<Base> bases;
+    /// How many matrices may still be corrected because marked content ended before the state that began in
+    /// it.
+    std::uint64_t correctionsLeft = 1000000;
+    /// Clips that a group claims as its own.
+    std::uint64_t ownClipsLeft = 0;
+    ScopeTree::Id ownClipsScope = 0;
+    std::uint64_t compatibilityDepth = 0;
+};
+
+} // namespace OrvPdf

@@ -1,0 +1,138 @@
+#include "pdf/reader/object_conversion.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include "pdf/reader/qpdf_text.h"
+#include "pdf/reader/source_file.h"
+#include "pdf/reader/stream_data.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+// A DeviceN space with a large calculator function has some thousand parts.
+constexpr std::size_t MostNodes = 250'000;
+// Real documents define some hundred resources; hostile ones define one large object under many names.
+constexpr std::uint64_t MostNodesOfDocument = 20'000'000;
+constexpr std::uint64_t LargestStream = std::uint64_t{256} << 20;
+constexpr std::uint64_t LargestKeptStreams = std::uint64_t{64} << 20;
+
+struct ConversionFailure : std::runtime_error
+{
+    using std::runtime_error::runtime_error;
+};
+
+} // namespace
+
+OrvSys::PdfObject ObjectConverter::Convert(QPDFObjectHandle object, std::string& problem)
+{
+    Run run;
+    try {
+        return ConvertNode(object, run);
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const QPDFExc& failure) {
+        problem = DescribeProblem(failure);
+    } catch (const std::exception& failure) {
+        problem = failure.what();
+    }
+    return {};
+}
+
+OrvSys::PdfObject ObjectConverter::ConvertNode(QPDFObjectHandle object, Run& run)
+{
+    if (!object.isInitialized())
+        return {};
+    if (++run.nodes > MostNodes)
+        throw ConversionFailure("the object has more than " + std::to_string(MostNodes) + " parts");
+    if (++allNodes > MostNodesOfDocument)
+        throw ConversionFailure("the document's resources have more than " +
+                                std::to_string(MostNodesOfDocument) + " parts");
+    if (!object.isIndirect())
+        return ConvertValue(object, run);
+
+    const QPDFObjGen number = object.getObjGen();
+    for (const Finished* known : {&run.finished, &streams}) {
+        const auto found = known->find(number);
+        if (found != known->end())
+            return found->second;
+    }
+    if (!run.open.insert(number).second)
+        throw ConversionFailure(DescribeObject(object) + " refers to itself");
+    OrvSys::PdfObject converted = ConvertValue(object, run);
+    run.open.erase(number);
+    run.finished.emplace(number, converted);
+    if (converted.IsStream()) {
+        streamBytes += converted.GetRawBytes().size();
+        if (streamBytes <= LargestKeptStreams)
+            streams.emplace(number, converted);
+    }
+    return converted;
+}
+
+OrvSys::PdfObject ObjectConverter::ConvertValue(QPDFObjectHandle object, Run& run)
+{
+    using OrvSys::PdfObject;
+    if (object.isBool())
+        return PdfObject::Boolean(object.getBoolValue());
+    if (object.isInteger())
+        return PdfObject::Integer(object.getIntValue());
+    if (object.isReal())
+        return PdfObject::Real(object.getRealValue());
+    if (object.isString())
+        return PdfObject::String(object.getStringValue());
+    if (object.isName())
+        return PdfObject::Name(WithoutSlash(object.getName()));
+    if (!object.isArray() && !object.isDictionary() && !object.isStream())
+        return {};
+
+    // The maker of values refuses depth as well, but only on the way back.
+    const std::size_t deepest =
+        std::min<std::size_t>(PdfObject::MaxDepth, file.GetOptions().limits.objectNesting);
+    if (run.depth >= deepest)
+        throw ConversionFailure("the object is nested deeper than " + std::to_string(deepest) + " levels");
+    ++run.depth;
+    PdfObject converted;
+    if (object.isArray()) {
+        PdfObject::Items items;
+        for (QPDFObjectHandle item : object.getArrayAsVector())
+            items.push_back(ConvertNode(item, run));
+        converted = PdfObject::Array(std::move(items));
+    } else {
+        converted = object.isStream() ? ConvertStream(object, run) : ConvertDictionary(object, run);
+    }
+    --run.depth;
+    return converted;
+}
+
+OrvSys::PdfObject ObjectConverter::ConvertDictionary(QPDFObjectHandle dictionary, Run& run)
+{
+    OrvSys::PdfObject::Entries entries;
+    for (const auto& [key, value] : dictionary.getDictAsMap())
+        entries.emplace(WithoutSlash(key), ConvertNode(value, run));
+    return OrvSys::PdfObject::Dictionary(std::move(entries));
+}
+
+OrvSys::PdfObject ObjectConverter::ConvertStream(QPDFObjectHandle stream, Run& run)
+{
+    const std::uint64_t largest = std::min(LargestStream, file.GetOptions().limits.streamBytes);
+    const EncodedStream encoded = FetchStream(stream);
+    if (!encoded.raw)
+        throw ConversionFailure(DescribeObject(stream) + ": " + encoded.problem);
+    const DecodedStream decoded = DecodeStream(file, encoded, {largest, "streamBytes", largest});
+
+    OrvSys::PdfObject::Entries entries;
+    for (const auto& [key, value] : stream.getDict().getDictAsMap()) {
+        const bool isEncoding = key == "/Filter" || key == "/DecodeParms" || key == "/DL";
+        if (key != "/Length" && !(decoded.isDecoded && isEncoding))
+            entries.emplace(WithoutSlash(key), ConvertNode(value, run));
+    }
+    return OrvSys::PdfObject::Stream(OrvSys::PdfObject::Dictionary(std::move(entries)),
+                                     std::string(decoded.isDecoded ? decoded.bytes.View() : encoded.View()));
+}
+
+} // namespace OrvPdf

@@ -1,0 +1,88 @@
+#include "pdf/reader/page_content_data.h"
+
+#include <utility>
+
+#include "pdf/reader/qpdf_text.h"
+#include "pdf/reader/source_file.h"
+#include "pdf/reader/stream_data.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+class ContentJoiner
+{
+public:
+    ContentJoiner(const SourceFile& givenFile, PageContentData& givenData) : file(givenFile), data(givenData)
+    {}
+
+    // False if nothing more fits.
+    bool Add(QPDFObjectHandle part, const std::string& place)
+    {
+        std::string name;
+        EncodedStream encoded;
+        {
+            const SourceFile::Access access(file);
+            name = DescribeObject(part);
+            if (!part.isStream()) {
+                data.problems.push_back(place + " (" + name + ") is no stream");
+                return true;
+            }
+            encoded = FetchStream(part);
+        }
+        const std::uint64_t limit = file.GetOptions().limits.contentStreamBytes;
+        const std::uint64_t used = data.bytes.GetSize();
+        if (used >= limit) {
+            data.problems.push_back(
+                name + ": this content stream and those after it are left out, since they go " +
+                "beyond the limit contentStreamBytes of " + std::to_string(limit) + " bytes");
+            return false;
+        }
+        DecodedStream decoded = DecodeStream(file, encoded, {limit - used, "contentStreamBytes", limit});
+        if (!decoded.problem.empty())
+            data.problems.push_back(name + ": " + decoded.problem);
+        if (data.bytes.GetSize() == 0) {
+            data.bytes = std::move(decoded.bytes);
+        } else {
+            data.bytes.Append("\n");
+            data.bytes.Append(decoded.bytes.View());
+        }
+        return true;
+    }
+
+private:
+    const SourceFile& file;
+    PageContentData& data;
+};
+
+} // namespace
+
+PageContentData ReadPageContent(const SourceFile& file, QPDFObjectHandle page)
+{
+    PageContentData data;
+    std::vector<QPDFObjectHandle> parts;
+    bool isArray = false;
+    {
+        const SourceFile::Access access(file);
+        QPDFObjectHandle contents = page.getKey("/Contents");
+        if (contents.isNull())
+            return data;
+        isArray = contents.isArray();
+        if (isArray)
+            parts = contents.getArrayAsVector();
+        else
+            parts.push_back(contents);
+    }
+    ContentJoiner joiner(file, data);
+    for (std::size_t index = 0; index < parts.size(); ++index) {
+        const std::string place =
+            isArray ? "entry " + std::to_string(index + 1) + " of Contents" : std::string("Contents");
+        if (!joiner.Add(parts[index], place))
+            break;
+    }
+    return data;
+}
+
+} // namespace OrvPdf

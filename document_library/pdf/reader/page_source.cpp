@@ -1,0 +1,98 @@
+#include "pdf/reader/page_source.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include <orv_doc/errors.h>
+#include <orv_doc/page_content.h>
+
+#include "pdf/reader/page_boxes.h"
+#include "pdf/reader/qpdf_text.h"
+#include "pdf/reader/resource_reader.h"
+
+namespace OrvPdf
+{
+
+PdfPageSource::PdfPageSource(std::shared_ptr<const SourceFile> givenFile,
+                             std::shared_ptr<DocumentResources> givenDocument, PageEntry givenEntry,
+                             std::uint64_t givenIndex)
+    : file(std::move(givenFile)),
+      document(std::move(givenDocument)),
+      entry(std::move(givenEntry)),
+      index(givenIndex)
+{}
+
+PageBoxes PdfPageSource::ReadBoxes() const
+{
+    const SourceFile::Access access(*file);
+    std::vector<std::string> problems; // Told with the content, which has a list for them.
+    try {
+        return ReadPageBoxes(entry, problems);
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
+void PdfPageSource::Interpret(OrvDoc::PageContent& content) const
+{
+    ErrorList errors(file->GetOptions().limits.errors);
+    try {
+        InterpretInto(content, errors);
+    } catch (const std::bad_alloc&) {
+        errors.Add("the content is left out: it takes more memory than there is");
+        hasDamagedStreams = true;
+    } catch (const std::exception& problem) {
+        errors.Add(std::string("the content is left out: ") + problem.what());
+        hasDamagedStreams = true;
+    }
+    {
+        const SourceFile::Access access(*file);
+        errors.Add(file->TakeWarnings());
+    }
+    const std::string place = "page " + std::to_string(index + 1) + ": ";
+    for (const std::string& text : errors.Take())
+        content.GetActiveErrors().Add(place + text, OrvDoc::Errors::Origin::Reading);
+    baseRevision = content.GetRevision();
+}
+
+void PdfPageSource::InterpretInto(OrvDoc::PageContent& content, ErrorList& errors) const
+{
+    {
+        const SourceFile::Access access(*file);
+        std::vector<std::string> problems;
+        ReadPageBoxes(entry, problems);
+        errors.Add(std::move(problems));
+        ReadBlendSpace(content, errors);
+    }
+    PageContentData data = ReadContent();
+    hasDamagedStreams = !data.problems.empty();
+    errors.Add(std::move(data.problems));
+
+    ResourceReader resources(*document, entry.entries.resources);
+    interpretation = InterpretContent(data.bytes.View(), resources, file->GetOptions().limits, content);
+    errors.Add(interpretation.errors);
+}
+
+void PdfPageSource::ReadBlendSpace(OrvDoc::PageContent& content, ErrorList& errors) const
+{
+    QPDFObjectHandle group = GetEntry(entry.dictionary, "/Group");
+    if (!GetEntry(group, "/S").isNameAndEquals("/Transparency"))
+        return;
+    QPDFObjectHandle definition = GetEntry(group, "/CS");
+    if (definition.isNull())
+        return;
+    std::string problem;
+    const OrvColor::ColorSpace::Pointer space = document->GetColorSpace(definition, problem);
+    try {
+        if (space)
+            content.SetBlendColorSpace(OrvDoc::BlendColorSpace(space));
+    } catch (const std::invalid_argument& failure) {
+        problem = failure.what();
+    }
+    if (!problem.empty())
+        errors.Add("Group: CS is left out: " + problem);
+}
+
+} // namespace OrvPdf

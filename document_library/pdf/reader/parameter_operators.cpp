@@ -1,0 +1,158 @@
+#include "pdf/number_text.h"
+#include "pdf/reader/interpreter.h"
+#include "pdf/reader/neutral_parameters.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+using OrvSys::PdfObject;
+
+// A number in points, as milli-points: the shift happens on its decimal text.
+double MilliPoints(const PdfObject& number)
+{
+    double value = 0.0;
+    ParseNumber(number.Serialize(), 3, value);
+    return value;
+}
+
+bool IsCapOrJoin(double number)
+{
+    return number == 0.0 || number == 1.0 || number == 2.0;
+}
+
+} // namespace
+
+void Interpreter::SetRenderingIntent(const Arguments& arguments)
+{
+    if (arguments[0].Text() != "RelativeColorimetric") {
+        problems.Unmodelled("ri", "rendering intents of vector objects are not modelled", arguments[0].Text(),
+                            arguments.Place());
+    }
+}
+
+void Interpreter::SetFlatness(const Arguments& arguments)
+{
+    const double flatness = arguments[0].AsNumber();
+    if (flatness < 0.0 || flatness > 100.0) {
+        problems.Damaged("i", "a flatness outside of 0 to 100", {}, arguments.Place());
+    } else if (flatness > 1.0) {
+        problems.Unmodelled("i", "flatness is not modelled", {}, arguments.Place());
+    }
+}
+
+void Interpreter::SetParameters(const Arguments& arguments)
+{
+    const std::string_view name = arguments[0].Text();
+    const auto& found = parameterLists.Get(name, [this](const std::string& key, std::string& problem) {
+        return resources.FindGraphicsState(key, problem);
+    });
+    if (!found.problem.empty() || !found.value.IsDictionary()) {
+        problems.Unmodelled("gs",
+                            "resource /" + Readable(name) + ": " +
+                                (found.problem.empty() ? "it is no dictionary" : found.problem),
+                            {}, arguments.Place());
+        return;
+    }
+    const PdfObject parameters = found.value;
+    // Where `op` is missing, `OP` counts for filling too (ISO 32000-1, table 58).
+    const PdfObject overprint = parameters.Find("OP");
+    if (overprint.IsBoolean() && parameters.Find("op").IsNull()) {
+        ApplyOverprintParameter("op", overprint);
+    }
+    for (const auto& [key, value] : parameters.GetEntries()) {
+        ApplyParameter(key, value, arguments);
+    }
+}
+
+void Interpreter::ApplyParameter(const std::string& key, const PdfObject& value, const Arguments& arguments)
+{
+    bool isWell = true;
+    if (key == "LW" || key == "LC" || key == "LJ" || key == "ML") {
+        isWell = ApplyStrokeParameter(key, value);
+    } else if (key == "D") {
+        isWell = ApplyDashParameter(value, arguments);
+    } else if (key == "OP" || key == "op" || key == "OPM") {
+        isWell = ApplyOverprintParameter(key, value);
+    } else if (!IsNeutralParameter(key, value)) {
+        problems.Unmodelled("gs", "parameter " + Readable(key) + " is not modelled", {}, arguments.Place());
+    }
+    if (!isWell) {
+        problems.Odd("gs", "parameter " + key + " is malformed and left out", {}, arguments.Place());
+    }
+}
+
+bool Interpreter::ApplyStrokeParameter(const std::string& key, const PdfObject& value)
+{
+    if (!value.IsNumber()) {
+        return false;
+    }
+    OrvDoc::StrokeProperties properties = *state.strokeProperties;
+    const double number = value.GetNumber();
+    bool isWell = true;
+    if (key == "LW") {
+        properties.width = MilliPoints(value);
+        isWell = properties.width >= 0.0;
+    } else if (key == "ML") {
+        properties.miterLimit = number;
+        isWell = number > 0.0;
+    } else if (!IsCapOrJoin(number)) {
+        isWell = false;
+    } else if (key == "LC") {
+        properties.cap = static_cast<OrvDoc::LineCap>(static_cast<int>(number));
+    } else {
+        properties.join = static_cast<OrvDoc::LineJoin>(static_cast<int>(number));
+    }
+    if (isWell) {
+        ChangeStroke(std::move(properties));
+    }
+    return isWell;
+}
+
+bool Interpreter::ApplyDashParameter(const PdfObject& value, const Arguments& arguments)
+{
+    if (!value.IsArray() || value.GetItems().size() != 2 || !value.GetItems()[0].IsArray() ||
+        !value.GetItems()[1].IsNumber()) {
+        return false;
+    }
+    std::vector<double> dashes;
+    for (const PdfObject& dash : value.GetItems()[0].GetItems()) {
+        if (!dash.IsNumber()) {
+            return false;
+        }
+        dashes.push_back(MilliPoints(dash));
+    }
+    OrvDoc::StrokeProperties properties = *state.strokeProperties;
+    if (!SetDashPattern(properties, std::move(dashes), MilliPoints(value.GetItems()[1]), arguments)) {
+        return false;
+    }
+    ChangeStroke(std::move(properties));
+    return true;
+}
+
+bool Interpreter::ApplyOverprintParameter(const std::string& key, const PdfObject& value)
+{
+    if (key == "OPM") {
+        const bool isWell = value.IsNumber() && (value.GetNumber() == 0.0 || value.GetNumber() == 1.0);
+        const bool isNonzero = isWell && value.GetNumber() == 1.0;
+        if (isWell && isNonzero != state.nonzeroOverprint) {
+            state.nonzeroOverprint = isNonzero;
+            state.fill.paint = nullptr;
+            state.stroke.paint = nullptr;
+        }
+        return isWell;
+    }
+    if (!value.IsBoolean()) {
+        return false;
+    }
+    PaintSetting& setting = key == "OP" ? state.stroke : state.fill;
+    if (setting.overprint != value.GetBoolean()) {
+        setting.overprint = value.GetBoolean();
+        setting.paint = nullptr;
+    }
+    return true;
+}
+
+} // namespace OrvPdf

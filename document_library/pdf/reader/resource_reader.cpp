@@ -1,0 +1,170 @@
+#include "pdf/reader/resource_reader.h"
+
+#include <array>
+#include <stdexcept>
+
+#include "pdf/reader/layer_membership.h"
+#include "pdf/reader/qpdf_text.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+using OrvColor::ColorSpace;
+
+struct DeviceSpace
+{
+    const char* name;
+    const char* defaultKey;
+    std::size_t components;
+    ColorSpace::Pointer (*make)();
+};
+
+constexpr std::array<DeviceSpace, 3> DeviceSpaces = {
+    {{"DeviceGray", "/DefaultGray", 1, &ColorSpace::DeviceGray},
+     {"DeviceRGB", "/DefaultRGB", 3, &ColorSpace::DeviceRGB},
+     {"DeviceCMYK", "/DefaultCMYK", 4, &ColorSpace::DeviceCMYK}}};
+
+const DeviceSpace* FindDeviceSpace(const std::string& name)
+{
+    for (const DeviceSpace& space : DeviceSpaces) {
+        if (name == space.name)
+            return &space;
+    }
+    return nullptr;
+}
+
+// Runs what may throw for what the file holds; the reason becomes the problem.
+template <typename Function>
+void Guard(std::string& problem, Function function)
+{
+    try {
+        function();
+    } catch (const QPDFExc& failure) {
+        problem = DescribeProblem(failure);
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& failure) {
+        problem = failure.what();
+    }
+}
+
+} // namespace
+
+QPDFObjectHandle ResourceReader::FindResource(const char* category, const std::string& name,
+                                              std::string& problem) const
+{
+    QPDFObjectHandle dictionary = resources;
+    if (!dictionary.isInitialized() || !dictionary.isDictionary()) {
+        problem = "there are no resources";
+        return QPDFObjectHandle::newNull();
+    }
+    QPDFObjectHandle found = GetEntry(dictionary.getKey(category), ("/" + name).c_str());
+    if (found.isNull())
+        problem = "it is missing from " + WithoutSlash(category) + " of the resources";
+    return found;
+}
+
+ColorSpace::Pointer ResourceReader::FindColorSpace(const std::string& name, std::string& problem)
+{
+    ColorSpace::Pointer space;
+    Guard(problem, [&] {
+        const SourceFile::Access access(document.GetFile());
+        if (name == "Pattern") {
+            space = ColorSpace::Pattern();
+        } else if (FindDeviceSpace(name)) {
+            space = FindDefault(name, problem);
+        } else {
+            QPDFObjectHandle definition = FindResource("/ColorSpace", name, problem);
+            const std::string alias = GetNameText(definition);
+            if (FindDeviceSpace(alias))
+                space = FindDefault(alias, problem);
+            else if (!definition.isNull())
+                space = document.GetColorSpace(definition, problem);
+        }
+    });
+    return space;
+}
+
+ColorSpace::Pointer ResourceReader::FindDefault(const std::string& deviceName, std::string& problem)
+{
+    const DeviceSpace& device = *FindDeviceSpace(deviceName);
+    std::string missing;
+    QPDFObjectHandle definition = FindResource("/ColorSpace", WithoutSlash(device.defaultKey), missing);
+    if (definition.isNull() || definition.isName())
+        return device.make();
+    const ColorSpace::Pointer space = document.GetColorSpace(definition, problem);
+    if (!space) {
+        problem = WithoutSlash(device.defaultKey) + " is left out: " + problem;
+        return device.make();
+    }
+    // No pattern may stand in, nor what looks up colours of its own (ISO 32000-1, 8.6.5.6).
+    const bool isFit = space->GetFamily() != ColorSpace::Family::Pattern &&
+                       space->GetFamily() != ColorSpace::Family::Indexed &&
+                       space->GetComponentCount() == device.components;
+    if (!isFit)
+        problem = WithoutSlash(device.defaultKey) + " is left out: it cannot stand for " + deviceName;
+    return isFit ? space : device.make();
+}
+
+OrvSys::PdfObject ResourceReader::ConvertState(QPDFObjectHandle dictionary)
+{
+    OrvSys::PdfObject::Entries entries;
+    for (const auto& [key, handle] : dictionary.getDictAsMap()) {
+        QPDFObjectHandle value = handle;
+        OrvSys::PdfObject converted;
+        // A form and a font have resources of their own, which may lead anywhere.
+        std::string problem;
+        if (key == "/Font" || (key == "/SMask" && value.isDictionary()))
+            problem = "resources";
+        else
+            converted = document.GetConverter().Convert(value, problem);
+        entries.emplace(WithoutSlash(key),
+                        problem.empty() ? converted : OrvSys::PdfObject::Name("Unresolved"));
+    }
+    return OrvSys::PdfObject::Dictionary(std::move(entries));
+}
+
+OrvSys::PdfObject ResourceReader::FindGraphicsState(const std::string& name, std::string& problem)
+{
+    OrvSys::PdfObject state;
+    Guard(problem, [&] {
+        const SourceFile::Access access(document.GetFile());
+        QPDFObjectHandle dictionary = FindResource("/ExtGState", name, problem);
+        if (dictionary.isDictionary())
+            state = ConvertState(dictionary);
+        else if (!dictionary.isNull())
+            problem = "it is no dictionary";
+    });
+    return state;
+}
+
+boost::optional<ContentResources::PropertyList> ResourceReader::FindPropertyList(const std::string& name,
+                                                                                 std::string& problem)
+{
+    boost::optional<PropertyList> list;
+    Guard(problem, [&] {
+        const SourceFile::Access access(document.GetFile());
+        QPDFObjectHandle dictionary = FindResource("/Properties", name, problem);
+        if (dictionary.isNull())
+            return;
+        if (!dictionary.isDictionary()) {
+            problem = "it is no dictionary";
+            return;
+        }
+        PropertyList read;
+        read.objectNumber = dictionary.getObjectID();
+        read.layer = ReadLayerMembership(document, dictionary, problem);
+        std::string conversionProblem;
+        read.value = document.GetConverter().Convert(dictionary, conversionProblem);
+        // A layer is told by its membership; the value of any other list is all that it has.
+        if (!conversionProblem.empty() && !read.layer)
+            problem = conversionProblem;
+        list = std::move(read);
+    });
+    return list;
+}
+
+} // namespace OrvPdf

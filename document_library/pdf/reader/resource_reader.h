@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+#include <qpdf/QPDFObjectHandle.hh>
+
+#include "pdf/reader/content_resources.h"
+#include "pdf/reader/document_resources.h"
+
+namespace OrvPdf
+{
+
+/// The resources of one content stream in the file that it comes from. Each look-up takes access to the file
+/// for itself. A colour space or property list that is read only in part is given together with a problem.
+class ResourceReader : public ContentResources
+{
+public:
+    /// A handle that holds no dictionary stands for an empty one.
+    ResourceReader(DocumentResources& givenDocument, QPDFObjectHandle givenResources)
+        : document(givenDocument), resources(givenResources)
+    {}
+
+    OrvColor::ColorSpace::Pointer FindColorSpace(const std::string& name, std::string& problem) override;
+    OrvSys::PdfObject FindGraphicsState(const std::string& name, std::string& problem) override;
+    boost::optional<PropertyList> FindPropertyList(const std::string& name, std::string& problem) override;
+
+private:
+    QPDFObjectHandle FindResource(const char* category, const std::string& name, std::string& problem) const;
+    OrvSys::PdfObject ConvertState(QPDFObjectHandle dictionary);
+    OrvColor::ColorSpace::Pointer FindDefault(const std::string& deviceName, std::string& problem);
+
+    DocumentResources& document;
+    QPDFObjectHandle resources;
+};
+
+} // namespace OrvPdf

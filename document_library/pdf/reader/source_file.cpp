@@ -1,0 +1,213 @@
+#include "pdf/reader/source_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <new>
+#include <stdexcept>
+#include <system_error>
+#include <utility>
+
+#include <boost/filesystem/operations.hpp>
+
+#include <qpdf/Buffer.hh>
+#include <qpdf/BufferInputSource.hh>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFExc.hh>
+#include <qpdf/QUtil.hh>
+
+#include "pdf/reader/qpdf_text.h"
+#include "pdf/reader/stack_room.h"
+#include "pdf/reader/trailer_repair.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+constexpr std::string_view HeaderMark = "%PDF-";
+
+/// Bytes in memory that refuse to be read from too deep a recursion.
+class GuardedInput : public BufferInputSource
+{
+public:
+    GuardedInput(const std::string& name, std::unique_ptr<Buffer> content)
+        : BufferInputSource(name, content.release(), true)
+    {}
+
+    size_t read(char* target, size_t length) override
+    {
+        RequireStackRoom();
+        return BufferInputSource::read(target, length);
+    }
+};
+
+struct FileCloser
+{
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+} // namespace
+
+SourceFile::SourceFile(const boost::filesystem::path& file, const OrvDoc::ReadOptions& givenOptions)
+    : path(file), options(givenOptions)
+{}
+
+SourceFile::~SourceFile() = default;
+
+std::shared_ptr<const SourceFile> SourceFile::Open(const boost::filesystem::path& file,
+                                                   const OrvDoc::ReadOptions& options)
+{
+    std::shared_ptr<SourceFile> opened(new SourceFile(file, options));
+    opened->ReadBytes();
+    if (opened->size == 0)
+        opened->Fail("the file is empty");
+    if (opened->GetBytes().find(HeaderMark) == std::string_view::npos)
+        opened->Fail("this is no PDF file: it has no %PDF header");
+    opened->OpenObjects();
+    return opened;
+}
+
+void SourceFile::Fail(const std::string& reason) const
+{
+    throw std::runtime_error(path.string() + ": " + reason);
+}
+
+void SourceFile::ReadBytes()
+{
+    boost::system::error_code error;
+    const boost::filesystem::file_status status = boost::filesystem::status(path, error);
+    if (boost::filesystem::exists(status) && !boost::filesystem::is_regular_file(status))
+        Fail("the file cannot be read: it is no regular file");
+    const std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "rb"));
+    if (!file)
+        Fail("the file cannot be opened: " + std::generic_category().message(errno));
+    const std::uintmax_t length = boost::filesystem::file_size(path, error);
+    if (error)
+        Fail("the file cannot be read: " + error.message());
+    try {
+        // Not cleared first: the memory is touched once, by the read.
+        bytes.reset(new char[static_cast<std::size_t>(length) + 1]);
+    } catch (const std::bad_alloc&) {
+        Fail("the file does not fit into memory");
+    }
+    // The C library's buffer would copy each byte once more.
+    std::setvbuf(file.get(), nullptr, _IONBF, 0);
+    size = std::fread(bytes.get(), 1, static_cast<std::size_t>(length), file.get());
+    if (std::ferror(file.get()) != 0)
+        Fail("the file cannot be read: " + std::generic_category().message(errno));
+}
+
+std::unique_ptr<QPDF> SourceFile::OpenWith(const std::string& candidate) const
+{
+    auto opened = std::make_unique<QPDF>();
+    opened->setSuppressWarnings(true);
+    // The library only reads from the buffer; it has no type for bytes that must not change.
+    auto buffer = std::make_unique<Buffer>(reinterpret_cast<unsigned char*>(bytes.get()), size);
+    opened->processInputSource(std::make_shared<GuardedInput>(path.string(), std::move(buffer)),
+                               candidate.c_str());
+    return opened;
+}
+
+void SourceFile::OpenObjects()
+{
+    const std::string problem = TryPasswords();
+    if (!problem.empty() && (!AddTrailer() || !TryPasswords().empty()))
+        Fail("the file is damaged beyond repair: " + problem);
+    if (!qpdf) {
+        Fail(options.password.empty() ? "the file is encrypted and needs a password"
+                                      : "the file is encrypted and the password is wrong");
+    }
+    isEncrypted = qpdf->isEncrypted();
+    openingWarnings = TakeWarnings();
+    if (!problem.empty())
+        openingWarnings.push_back("the file was read with a trailer made for it, since otherwise: " +
+                                  problem);
+    wasRepaired = std::any_of(openingWarnings.begin(), openingWarnings.end(), [](const std::string& text) {
+        return text.find("Attempting to reconstruct cross-reference table") != std::string::npos;
+    });
+    CheckObjectCount();
+}
+
+void SourceFile::CheckObjectCount() const
+{
+    // The table is copied to be counted: only where the file itself says that there are many, or can't be
+    // believed.
+    const std::uint64_t limit = options.limits.indirectObjects;
+    QPDFObjectHandle said = qpdf->getTrailer().getKey("/Size");
+    const bool isSmall = said.isInteger() && said.getIntValue() >= 0 && said.getUIntValue() <= limit;
+    if (isSmall && !wasRepaired)
+        return;
+    const std::uint64_t count = qpdf->getXRefTable().size();
+    if (count > limit) {
+        Fail("the file has " + std::to_string(count) + " objects, more than the limit indirectObjects of " +
+             std::to_string(limit));
+    }
+}
+
+std::string SourceFile::TryPasswords()
+{
+    // Older encryption takes a password in the encoding of whoever set it.
+    std::vector<std::string> candidates = {options.password};
+    if (!options.password.empty()) {
+        for (std::string& encoded : QUtil::possible_repaired_encodings(options.password))
+            candidates.push_back(std::move(encoded));
+    }
+    for (const std::string& candidate : candidates) {
+        try {
+            qpdf = OpenWith(candidate);
+            password = candidate;
+            return {};
+        } catch (const QPDFExc& problem) {
+            if (problem.getErrorCode() == qpdf_e_unsupported)
+                Fail("the file cannot be read: " + DescribeProblem(problem));
+            if (problem.getErrorCode() != qpdf_e_password)
+                return DescribeProblem(problem);
+        } catch (const std::bad_alloc&) {
+            return "it asks for more memory than there is";
+        } catch (const std::exception& problem) {
+            return problem.what();
+        }
+    }
+    return {};
+}
+
+bool SourceFile::AddTrailer()
+{
+    const std::string trailer = MakeTrailer(GetBytes());
+    if (trailer.empty())
+        return false;
+    std::unique_ptr<char[]> longer(new char[size + trailer.size()]);
+    std::copy_n(bytes.get(), size, longer.get());
+    std::copy_n(trailer.data(), trailer.size(), longer.get() + size);
+    bytes = std::move(longer);
+    size += trailer.size();
+    return true;
+}
+
+std::unique_ptr<QPDF> SourceFile::OpenAgain() const
+{
+    return OpenWith(password);
+}
+
+std::vector<std::string> SourceFile::TakeWarnings() const
+{
+    std::vector<std::string> texts = std::exchange(openingWarnings, {});
+    for (const QPDFExc& warning : qpdf->getWarnings())
+        texts.push_back(DescribeProblem(warning));
+    return texts;
+}
+
+std::uint64_t SourceFile::GetDecodedBytesLeft() const
+{
+    const std::uint64_t used = decodedBytes.load();
+    return used < options.limits.documentBytes ? options.limits.documentBytes - used : 0;
+}
+
+void SourceFile::CountDecodedBytes(std::uint64_t count) const
+{
+    decodedBytes += count;
+}
+
+} // namespace OrvPdf

@@ -1,0 +1,11 @@
+#pragma once
+
+namespace OrvPdf
+{
+
+/// Throws `std::runtime_error` if the current thread's stack is nearly used up. The PDF library resolves
+/// references within references recursively (lengths of streams, object streams), to a depth that the file
+/// decides; it reads bytes at each level, and each read asks here first.
+void RequireStackRoom();
+
+} // namespace OrvPdf

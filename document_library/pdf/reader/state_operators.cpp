@@ -1,0 +1,142 @@
+#include <cmath>
+
+#include "pdf/reader/interpreter.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+Matrix ToMatrix(const Arguments& arguments)
+{
+    return Matrix(arguments[0].AsNumber(), arguments[1].AsNumber(), arguments[2].AsNumber(),
+                  arguments[3].AsNumber(), arguments[4].AsMilliPoints(), arguments[5].AsMilliPoints());
+}
+
+bool IsFinite(const Matrix& matrix)
+{
+    return std::isfinite(matrix.a) && std::isfinite(matrix.b) && std::isfinite(matrix.c) &&
+           std::isfinite(matrix.d) && std::isfinite(matrix.x.value) && std::isfinite(matrix.y.value);
+}
+
+} // namespace
+
+void Interpreter::SaveState(const Arguments& arguments)
+{
+    if (IsExpected(groupMatrix)) {
+        groupMatrix.operation = operationNumber;
+    }
+    if (savedStates.size() >= limits.contentNesting) {
+        ++droppedSaves;
+        problems.Limit("contentNesting", limits.contentNesting, arguments.Place());
+        return;
+    }
+    savedStates.push_back({state, openClips.size(), bases.size()});
+}
+
+void Interpreter::RestoreState(const Arguments& arguments)
+{
+    if (droppedSaves > 0) {
+        --droppedSaves;
+        return;
+    }
+    if (savedStates.empty()) {
+        problems.Damaged("Q", "there is no saved state", {}, arguments.Place());
+        return;
+    }
+    LeaveScopes(savedStates.back());
+    state = std::move(savedStates.back().state);
+    savedStates.pop_back();
+}
+
+void Interpreter::LeaveScopes(const SavedState& saved)
+{
+    for (;;) {
+        const bool hasClip = openClips.size() > saved.clipCount;
+        const bool hasBase = bases.size() > saved.baseCount;
+        if (hasClip && (!hasBase || openClips.back() > bases.back().scope)) {
+            tree.Close(openClips.back());
+            openClips.pop_back();
+        } else if (hasBase) {
+            // The group is still open, but what follows in it isn't under its matrix any more.
+            tree.DropTransformation(bases.back().scope);
+            bases.pop_back();
+        } else {
+            return;
+        }
+    }
+}
+
+void Interpreter::ConcatMatrix(const Arguments& arguments)
+{
+    const Matrix matrix = ToMatrix(arguments);
+    if (LeaveClipMatrix() || EnterGroupMatrix(matrix, arguments.Place())) {
+        return;
+    }
+    const Matrix product = Plexa::Concatenate(matrix, state.matrix);
+    if (!IsFinite(product)) {
+        problems.Damaged("cm", "the matrix goes beyond all numbers", {}, arguments.Place());
+        return;
+    }
+    state.matrix = product;
+}
+
+bool Interpreter::EnterGroupMatrix(const Matrix& matrix, ByteRange place)
+{
+    // A group gets its matrix once, and before anything is in it.
+    if (!IsExpected(groupMatrix) || matrix != groupMatrix.matrix ||
+        !tree.IsInnermostAndFresh(groupMatrix.scope) ||
+        (!bases.empty() && bases.back().scope == groupMatrix.scope)) {
+        return false;
+    }
+    if (correctionsLeft == 0) {
+        problems.Limit("group matrices cut up by overlaps", 0, place);
+        return false;
+    }
+    GroupRecipe recipe = tree.GetInnermostRecipe();
+    recipe.transformation = Plexa::Concatenate(matrix, state.matrix);
+    if (!IsFinite(recipe.transformation)) {
+        return false;
+    }
+    tree.SetAttributes(recipe);
+    bases.push_back({groupMatrix.scope, recipe.transformation});
+    state.matrix = Matrix();
+    return true;
+}
+
+bool Interpreter::LeaveClipMatrix()
+{
+    if (!IsExpected(clipMatrix) || state.matrix != clipMatrix.matrix) {
+        return false;
+    }
+    state.matrix = Matrix();
+    return true;
+}
+
+// Marked content that ends before the state that began in it leaves matrices behind that are relative to its
+// group.
+void Interpreter::ReleaseBase(ScopeTree::Id scope)
+{
+    if (bases.empty() || bases.back().scope != scope) {
+        return;
+    }
+    const Matrix outer = bases.back().transformation;
+    const auto correct = [this, &outer](Matrix& matrix) {
+        matrix = Plexa::Concatenate(matrix, outer);
+        correctionsLeft -= correctionsLeft > 0 ? 1 : 0;
+    };
+    state.matrix = Plexa::Concatenate(state.matrix, outer);
+    for (auto saved = savedStates.rbegin(); saved != savedStates.rend() && saved->baseCount == bases.size();
+         ++saved) {
+        correct(saved->state.matrix);
+        --saved->baseCount;
+    }
+    for (auto clip = openClips.rbegin(); clip != openClips.rend() && *clip > scope; ++clip) {
+        tree.MapClip(*clip, outer);
+        correctionsLeft -= correctionsLeft > 0 ? 1 : 0;
+    }
+    bases.pop_back();
+}
+
+} // namespace OrvPdf

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <qpdf/Buffer.hh>
+#include <qpdf/QPDFObjectHandle.hh>
+
+#include "pdf/reader/decoded_bytes.h"
+
+namespace OrvPdf
+{
+
+class SourceFile;
+
+/// One filter of a stream with its parameters, which are all integers (ISO 32000-1, 7.4).
+struct FilterStage
+{
+    std::string name; // Without slash, never abbreviated.
+    long long predictor = 1;
+    long long colors = 1;
+    long long bitsPerComponent = 8;
+    long long columns = 1;
+    long long earlyChange = 1;
+};
+
+/// The bytes of a stream as the file has them, but decrypted, and how they are encoded.
+struct EncodedStream
+{
+    std::shared_ptr<Buffer> raw;
+    std::vector<FilterStage> stages;
+    /// What is wrong with the stream's dictionary or data; empty if nothing is.
+    std::string problem;
+
+    std::string_view View() const;
+};
+
+/// Takes a stream's bytes out of the file. Needs an access to it; what follows doesn't. Throws nothing for
+/// what the file holds.
+EncodedStream FetchStream(QPDFObjectHandle stream);
+
+/// How many bytes may be decoded, and the limit of `ReadOptions::Limits` that this comes from.
+struct ByteLimit
+{
+    std::uint64_t bytes;
+    const char* name;
+    std::uint64_t value; // Of the limit: more than `bytes` if some of it is used up.
+};
+
+struct DecodedStream
+{
+    DecodedBytes bytes;
+    /// What was wrong, in words that can follow "object 12 0: "; empty if nothing was. The bytes are then as
+    /// much as came out.
+    std::string problem;
+    /// Whether all filters were applied, though perhaps to damaged data. Pictures' own filters are not: they
+    /// give samples and no bytes.
+    bool isDecoded = true;
+};
+
+/// Applies the filters in order. No stage of it gives more bytes than the limit, nor than the document has
+/// left, so that neither memory nor time is taken without a bound. Counts the bytes for the document. Throws
+/// `std::bad_alloc` alone.
+DecodedStream DecodeStream(const SourceFile& file, const EncodedStream& encoded, const ByteLimit& limit);
+
+} // namespace OrvPdf

@@ -1,0 +1,186 @@
+#include "pdf/writer/content_walk.h"
+
+#include <orv_blend/transparency.h>
+#include <orv_doc/content.h>
+#include <plexa/compound.h>
+
+#include "pdf/marked_content_tags.h"
+#include "pdf/writer/path_operators.h"
+
+namespace OrvPdf
+{
+
+using OrvDoc::ContentObject;
+using OrvDoc::Path;
+
+bool IsPathClip(const ContentObject& object)
+{
+    return object.IsClippingObject() && dynamic_cast<const Path*>(&object) != nullptr;
+}
+
+bool ContentWalk::Refuse(const ContentObject& object, const char* reason)
+{
+    result.problems.Add(reason, object.GetID());
+    return false;
+}
+
+void ContentWalk::CheckBlending(const OrvDoc::Blendable& object)
+{
+    const auto& transparency = object.GetTransparency();
+    if (transparency && *transparency != *OrvBlend::Transparency::Factory::GetDefault()) {
+        Refuse(object, "transparencies of objects are not written yet");
+    }
+}
+
+void ContentWalk::LeaveSharedMatrix()
+{
+    bool& isMatrixShared = containers.back().isMatrixShared;
+    if (isMatrixShared) {
+        states.Restore();
+        isMatrixShared = false;
+    }
+}
+
+bool ContentWalk::LeaveMatrix(const Matrix& wanted, const ContentObject& object)
+{
+    if (AreIdentical(states.GetMatrix(), wanted)) {
+        return true;
+    }
+    LeaveSharedMatrix();
+    if (AreIdentical(states.GetMatrix(), wanted) || Plexa::IsIdentity(states.GetMatrix()) || states.Reset()) {
+        return true;
+    }
+    return Refuse(object,
+                  "objects that a clipping path with a matrix without inverse clips cannot be placed");
+}
+
+void ContentWalk::EnterMatrix(const Matrix& wanted)
+{
+    if (!AreIdentical(states.GetMatrix(), wanted)) {
+        states.Save();
+        states.Concatenate(wanted);
+        containers.back().isMatrixShared = true;
+    }
+}
+
+bool ContentWalk::MakePath(const Path& path)
+{
+    pathOperators.clear();
+    if (!IsFinite(path.GetTransformation())) {
+        return Refuse(path, "objects with infinite numbers in their matrix cannot be written");
+    }
+    const PathLosses losses = AppendPath(pathOperators, *path.DefiningCompound());
+    if (losses.notFinite) {
+        return Refuse(path, "paths with infinite coordinates cannot be written");
+    }
+    if (losses.leftOut) {
+        Refuse(
+            path,
+            "parts of paths that draw nothing, or move and draw nothing before another part, are left out");
+    }
+    if (losses.empty) {
+        return Refuse(path, "paths without any point cannot be written");
+    }
+    return true;
+}
+
+std::vector<Clip> ContentWalk::MakeClips(const ContentObject* first)
+{
+    std::vector<Clip> clips;
+    for (const ContentObject* object = first; object; object = object->next) {
+        if (!IsPathClip(*object)) {
+            continue;
+        }
+        const auto& path = static_cast<const Path&>(*object);
+        if (!MakePath(path)) {
+            continue;
+        }
+        if (!Plexa::Inverse(path.GetTransformation())) {
+            Refuse(path, "clipping paths with a matrix without inverse cannot be written");
+            continue;
+        }
+        clips.push_back({&path, pathOperators});
+    }
+    return clips;
+}
+
+void ContentWalk::AppendClip(const Clip& clip)
+{
+    const bool isEvenOdd = clip.path->DefiningCompound()->GetWindingRule() == Plexa::WindingRule::EvenOdd;
+    const Matrix& matrix = clip.path->GetTransformation();
+    if (!AreIdentical(states.GetMatrix(), matrix)) {
+        states.Concatenate(matrix);
+    }
+    const bool isNamed = BeginNamedObject(*clip.path, true);
+    out.append(clip.operators);
+    out.append(isEvenOdd ? "W* n\n" : "W n\n");
+    out.append(isNamed ? "EMC\n" : "");
+}
+
+void ContentWalk::AppendClips(const std::vector<Clip>& clips)
+{
+    for (const Clip& clip : clips) {
+        if (LeaveMatrix(clip.path->GetTransformation(), *clip.path)) {
+            AppendClip(clip);
+        }
+    }
+}
+
+void ContentWalk::BeginContent(const OrvDoc::Content& content)
+{
+    const ContentObject* const first = content.GetChildren().first;
+    const std::vector<Clip> clips = MakeClips(first);
+    Container container{first, true};
+    bool isAnyNamed = false;
+    for (const Clip& clip : clips) {
+        isAnyNamed = isAnyNamed || !clip.path->GetName().empty();
+    }
+    if (isAnyNamed) {
+        // A clip keeps its name only as one that its group owns.
+        out.append(std::string("/") + Tags::group + " <</" + Tags::ownClipsKey + ' ' +
+                   std::to_string(clips.size()) + ">> BDC\n");
+        container.endsMark = true;
+    }
+    container.endsLevel = !clips.empty();
+    containers.push_back(container);
+    if (container.endsLevel) {
+        states.Save();
+        AppendClips(clips);
+    }
+}
+
+void ContentWalk::EndContainer()
+{
+    LeaveSharedMatrix();
+    const Container container = containers.back();
+    containers.pop_back();
+    if (container.endsLevel) {
+        states.Restore();
+    }
+    if (container.endsMark) {
+        out.append("EMC\n");
+    }
+}
+
+void ContentWalk::Write(const OrvDoc::Content& content)
+{
+    BeginContent(content);
+    while (!containers.empty()) {
+        Container& container = containers.back();
+        if (!container.next) {
+            EndContainer();
+            continue;
+        }
+        const ContentObject& object = *container.next;
+        container.next = object.next;
+        if (!container.skipsClips || !IsPathClip(object)) {
+            object.Accept(*this);
+        }
+    }
+    result.colorSpaces = colors.GetSpaces();
+    result.graphicsStates = states.GetOverprintStates();
+    result.layers = memberships.TakeAll();
+    result.propertyLists = propertyLists.TakeAll();
+}
+
+} // namespace OrvPdf

@@ -1,0 +1,121 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <orv_doc/group.h>
+#include <orv_doc/image.h>
+#include <orv_doc/image_mask.h>
+#include <orv_doc/marked_content.h>
+#include <orv_doc/path.h>
+#include <orv_doc/text.h>
+#include <orv_doc/visitor.h>
+
+#include "pdf/writer/content_writer.h"
+#include "pdf/writer/membership_index.h"
+#include "pdf/writer/property_list_index.h"
+
+namespace OrvPdf
+{
+
+/// Whether an object is a path that clips its container. A text group that clips is none.
+bool IsPathClip(const OrvDoc::ContentObject& object);
+
+/// A paint as it was last asked for.
+struct KnownPaint
+{
+    const OrvPaint::Paint* paint = nullptr;
+    PaintSettings settings;
+};
+
+/// A clipping path whose operators are ready.
+struct Clip
+{
+    const OrvDoc::Path* path;
+    std::string operators;
+};
+
+/// A container that is being written.
+struct Container
+{
+    const OrvDoc::ContentObject* next;
+    bool skipsClips = false;
+    bool endsLevel = false;
+    bool endsMark = false;
+    /// A level is open for the matrix of the last objects alone.
+    bool isMatrixShared = false;
+};
+
+/// The walk through a content that writes it; see `WriteContent`. Containers stand in `content_walk.cpp`,
+/// groups and paths in files of their own.
+class ContentWalk : private OrvDoc::ConstVisitorBase
+{
+public:
+    ContentWalk(WrittenContent& givenResult, SeparationSpaces& separations)
+        : result(givenResult), out(givenResult.bytes), states(givenResult.bytes), colors(separations)
+    {}
+
+    void Write(const OrvDoc::Content& content);
+
+private:
+    using OrvDoc::ConstVisitorBase::Visit;
+
+    // None of them lets the visitor go on below: the walk has its own stack.
+    bool Visit(const OrvDoc::Path& path) override;
+    bool Visit(const OrvDoc::Group& group) override;
+    bool Visit(const OrvDoc::TextGroup& group) override;
+    bool Visit(const OrvDoc::Layer& layer) override;
+    bool Visit(const OrvDoc::Image& image) override { return Refuse(image, "images are not written yet"); }
+    bool Visit(const OrvDoc::ImageMask& mask) override
+    {
+        return Refuse(mask, "image masks are not written yet");
+    }
+    bool Visit(const OrvDoc::Text& text) override { return Refuse(text, "texts are not written yet"); }
+    bool Visit(const OrvDoc::ContentObject& object) override
+    {
+        return Refuse(object, "objects of a class that the library does not know cannot be written");
+    }
+
+    bool Refuse(const OrvDoc::ContentObject& object, const char* reason);
+    void CheckBlending(const OrvDoc::Blendable& object);
+
+    // Matrices.
+    bool LeaveMatrix(const Matrix& wanted, const OrvDoc::ContentObject& object);
+    void LeaveSharedMatrix();
+    void PrepareGroup(const OrvDoc::Group& group);
+    void EnterMatrix(const Matrix& wanted);
+
+    // Containers.
+    void BeginContent(const OrvDoc::Content& content);
+    void EndContainer();
+    void BeginGroup(const OrvDoc::Group& group, const char* tag);
+    void BeginMarkedGroup(const OrvDoc::Group& group, const OrvDoc::MarkedContent& mark);
+    void BeginInside(const OrvDoc::Group& group, const Matrix& matrix, const std::vector<Clip>& clips);
+    bool TryClipGroup(const OrvDoc::Group& group);
+    bool GetGroupMatrix(const OrvDoc::Group& group, Matrix& matrix);
+    std::string GetAttributes(const OrvDoc::Group& group, const Matrix& matrix, std::size_t clipCount) const;
+
+    // Clips.
+    std::vector<Clip> MakeClips(const OrvDoc::ContentObject* first);
+    bool MakePath(const OrvDoc::Path& path);
+    void AppendClips(const std::vector<Clip>& clips);
+    void AppendClip(const Clip& clip);
+
+    // Paths.
+    const PaintSettings* GetSettings(KnownPaint& known, const std::shared_ptr<const OrvPaint::Paint>& paint,
+                                     const OrvDoc::Path& path, const char* unwritten);
+    bool BeginNamedObject(const OrvDoc::Path& path, bool saysWindingRule);
+
+    WrittenContent& result;
+    std::string& out;
+    GraphicsStateWriter states;
+    PaintColors colors;
+    MembershipIndex memberships;
+    PropertyListIndex propertyLists;
+    std::vector<Container> containers;
+    KnownPaint fill;
+    KnownPaint stroke;
+    std::string pathOperators;
+};
+
+} // namespace OrvPdf

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <orv_color/color_space.h>
+#include <orv_doc/layer.h>
+#include <orv_doc/marked_content.h>
+
+#include "pdf/writer/graphics_state_writer.h"
+#include "pdf/writer/writing_problems.h"
+
+namespace OrvDoc
+{
+class Content;
+}
+
+namespace OrvPdf
+{
+
+class SeparationSpaces;
+
+/// A content stream with what its resource dictionary has to hold. The names there are the prefix and the
+/// index.
+struct WrittenContent
+{
+    std::string bytes;
+    std::vector<OrvColor::ColorSpace::Pointer> colorSpaces; ///< `cs`
+    std::vector<OverprintState> graphicsStates;             ///< `gs`
+    std::vector<OrvDoc::Layer::Membership> layers;          ///< `oc`
+    std::vector<OrvDoc::MarkedContent> propertyLists;       ///< `mc`
+    WritingProblems problems;
+};
+
+/// Writes the objects of a content as a content stream (ISO 32000-1, 7.8.2).
+///
+/// The walk goes through the tree in paint order with a stack of its own, so depth costs memory and no stack.
+/// Each object's state is known in full; of it only what differs from the state in force is written. A run of
+/// objects with one transformation shares one `q cm ... Q`. What PDF has no words for goes into marked
+/// content with the tags of `marked_content_tags.h`.
+///
+/// What can't be said is left out and told in the problems. Equal contents give equal bytes.
+WrittenContent WriteContent(const OrvDoc::Content& content, SeparationSpaces& separations);
+
+} // namespace OrvPdf

@@ -1,0 +1,111 @@
+#include "pdf/writer/document_assembly.h"
+
+#include <qpdf/QPDF.hh>
+
+#include <orv_doc/document.h>
+#include <orv_doc/page_content.h>
+
+#include "pdf/reader/pdf_document_source.h"
+#include "pdf/writer/layer_objects.h"
+#include "pdf/writer/layers_writer.h"
+#include "pdf/writer/links_writer.h"
+#include "pdf/writer/name_escapes.h"
+#include "pdf/writer/object_walk.h"
+#include "pdf/writer/output_intent_writer.h"
+#include "pdf/writer/page_tree_writer.h"
+#include "pdf/writer/page_writer.h"
+#include "pdf/writer/separation_info_writer.h"
+#include "pdf/writer/separation_spaces.h"
+#include "pdf/writer/source_streams.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+std::unique_ptr<QPDF> OpenTarget(const PdfDocumentSource* source)
+{
+    if (source) {
+        return source->GetFile().OpenAgain();
+    }
+    auto file = std::make_unique<QPDF>();
+    file->setSuppressWarnings(true);
+    file->emptyPDF();
+    return file;
+}
+
+/// The PDF library fills in the number of objects, but only where a trailer has one: that of a damaged file
+/// may not.
+void RequireSize(QPDFObjectHandle trailer)
+{
+    if (!trailer.hasKey("/Size")) {
+        trailer.replaceKey("/Size", QPDFObjectHandle::newInteger(0));
+    }
+}
+
+/// The separations that the pages of the file name, whether the document lists them or not.
+std::vector<std::string> FindNamedSeparations(const PageWriter& pages, const PdfDocumentSource* source)
+{
+    std::vector<std::string> names = pages.GetNamedSeparations();
+    if (source) {
+        for (const OrvDoc::Separation::Entry& entry : source->ReadSeparations()) {
+            names.push_back(entry.GetName());
+        }
+    }
+    return names;
+}
+
+/// What all objects need that are written, whoever made them.
+void FinishObjects(DocumentAssembly& assembly, ObjectMaker& maker, const PdfDocumentSource* source)
+{
+    const bool escapesNames = LosesNumberSigns();
+    std::vector<QPDFObjectHandle> streams;
+    VisitObjects(*assembly.file, [&](QPDFObjectHandle& object) {
+        if (escapesNames) {
+            EscapeNumberSigns(object);
+        }
+        if (object.isStream() && maker.IsSourceObject(object)) {
+            streams.push_back(object);
+        }
+    });
+    if (source) {
+        for (std::string& text : CheckSourceStreams(std::move(streams), maker, source->GetFile())) {
+            assembly.errors.push_back(std::move(text));
+        }
+    }
+}
+
+} // namespace
+
+DocumentAssembly AssembleDocument(const OrvDoc::Document& document)
+{
+    const auto* const source = dynamic_cast<const PdfDocumentSource*>(document.GetSource().get());
+    DocumentAssembly assembly;
+    assembly.file = OpenTarget(source);
+    QPDFObjectHandle catalogue = assembly.file->getRoot();
+    RequireSize(assembly.file->getTrailer());
+    ObjectMaker maker(*assembly.file, source != nullptr);
+    LayerObjects layers(maker, catalogue, document.GetLayers());
+    SeparationSpaces separations(document.GetSeparationInfo());
+
+    const std::vector<PageEntry> pages = FindPageObjects(document, source, maker);
+    PageWriter pageWriter(maker, layers, separations);
+    auto entry = pages.begin();
+    for (auto page = document.GetPagesBegin(); page != document.GetPagesEnd(); ++page, ++entry) {
+        assembly.contentErrors.push_back(pageWriter.Write(*page, *entry));
+    }
+    WritePageTree(pages, catalogue, maker);
+    WriteLayers(document, source, catalogue, layers);
+    WriteOutputIntent(document.GetOutputIntent(), source, catalogue, maker);
+    WriteSeparationInfo(document.GetSeparationInfo(), FindNamedSeparations(pageWriter, source), catalogue,
+                        maker);
+    WriteResolvedLinks(document.GetNormalizedPDFLinks(), catalogue);
+    assembly.errors = layers.GetProblems().GetTexts({});
+    FinishObjects(assembly, maker, source);
+    // Layers came with 1.5, and so did object streams; all else that is written is older than 1.4.
+    assembly.version = layers.GetAllGroups().empty() ? "1.4" : "1.5";
+    return assembly;
+}
+
+} // namespace OrvPdf

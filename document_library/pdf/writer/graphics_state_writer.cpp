@@ -1,0 +1,191 @@
+#include "pdf/writer/graphics_state_writer.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "pdf/marked_content_tags.h"
+#include "pdf/number_text.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+const OrvDoc::StrokeProperties initialProperties;
+
+struct ColorOperators
+{
+    const char* device[3];
+    const char* space;
+    const char* color;
+};
+
+constexpr ColorOperators fillOperators = {{"g\n", "rg\n", "k\n"}, " cs\n", "scn\n"};
+constexpr ColorOperators strokeOperators = {{"G\n", "RG\n", "K\n"}, " CS\n", "SCN\n"};
+
+} // namespace
+
+GraphicsStateWriter::GraphicsStateWriter(std::string& output) : out(output)
+{
+    Level level;
+    level.properties = &initialProperties;
+    levels.push_back(level);
+}
+
+void GraphicsStateWriter::Save()
+{
+    out.append("q\n");
+    levels.push_back(levels.back());
+}
+
+void GraphicsStateWriter::Restore()
+{
+    out.append("Q\n");
+    levels.pop_back();
+}
+
+void GraphicsStateWriter::Concatenate(const Matrix& matrix)
+{
+    AppendMatrix(out, matrix);
+    out.append(" cm\n");
+    levels.back().matrix = matrix;
+}
+
+bool GraphicsStateWriter::Reset()
+{
+    Matrix& matrix = levels.back().matrix;
+    const auto inverse = Plexa::Inverse(matrix);
+    if (!inverse) {
+        return false;
+    }
+    AppendName(out, Tags::reset);
+    out.append(" <</");
+    out.append(Tags::matrixKey);
+    out.append(" [");
+    AppendMatrix(out, matrix);
+    out.append("]>> DP\n");
+    AppendMatrix(out, *inverse);
+    out.append(" cm\n");
+    matrix = Matrix();
+    return true;
+}
+
+void GraphicsStateWriter::SetFillColor(const PaintColor& color)
+{
+    SetColor(levels.back().fill, color, false);
+}
+
+void GraphicsStateWriter::SetStrokeColor(const PaintColor& color)
+{
+    SetColor(levels.back().stroke, color, true);
+}
+
+void GraphicsStateWriter::SetColor(PaintColor& current, const PaintColor& color, bool isStroke)
+{
+    const bool isSameSpace = current.space == color.space;
+    if (isSameSpace &&
+        std::equal(current.components.begin(), current.components.end(), color.components.begin(),
+                   color.components.end(), [](float left, float right) {
+                       return left == right && std::signbit(left) == std::signbit(right);
+                   })) {
+        return;
+    }
+    const ColorOperators& operators = isStroke ? strokeOperators : fillOperators;
+    const bool isDevice = color.space < PaintColor::firstNamed;
+    if (!isDevice && !isSameSpace) {
+        out.append("/cs");
+        out.append(std::to_string(color.space - PaintColor::firstNamed));
+        out.append(operators.space);
+    }
+    for (const float component : color.components) {
+        AppendFloat(out, component);
+        out.push_back(' ');
+    }
+    out.append(isDevice ? operators.device[color.space] : operators.color);
+    current = color;
+}
+
+void GraphicsStateWriter::SetStrokeProperties(const OrvDoc::StrokeProperties& properties)
+{
+    const OrvDoc::StrokeProperties& current = *levels.back().properties;
+    if (&current == &properties) {
+        return;
+    }
+    if (!AreIdentical(current.width, properties.width)) {
+        AppendLength(out, properties.width);
+        out.append(" w\n");
+    }
+    if (current.cap != properties.cap) {
+        out.append(std::to_string(static_cast<unsigned>(properties.cap)));
+        out.append(" J\n");
+    }
+    if (current.join != properties.join) {
+        out.append(std::to_string(static_cast<unsigned>(properties.join)));
+        out.append(" j\n");
+    }
+    if (!AreIdentical(current.miterLimit, properties.miterLimit)) {
+        AppendNumber(out, properties.miterLimit, 0);
+        out.append(" M\n");
+    }
+    if (current.dashArray != properties.dashArray || !AreIdentical(current.dashPhase, properties.dashPhase)) {
+        AppendDash(properties);
+    }
+    levels.back().properties = &properties;
+}
+
+void GraphicsStateWriter::AppendDash(const OrvDoc::StrokeProperties& properties)
+{
+    out.push_back('[');
+    const char* separator = "";
+    for (const double length : properties.dashArray) {
+        out.append(separator);
+        AppendLength(out, length);
+        separator = " ";
+    }
+    out.append("] ");
+    AppendLength(out, properties.dashPhase);
+    out.append(" d\n");
+}
+
+void GraphicsStateWriter::SetOverprint(const PaintSettings* fill, const PaintSettings* stroke)
+{
+    OverprintState& current = levels.back().overprint;
+    OverprintState wanted = current;
+    if (fill) {
+        wanted.fill = fill->overprint;
+    }
+    if (stroke) {
+        wanted.stroke = stroke->overprint;
+    }
+    // The mode of a paint that it makes a difference to comes before that of one that merely has it.
+    for (const bool isNeeded : {false, true}) {
+        for (const PaintSettings* const paint : {stroke, fill}) {
+            if (paint && (isNeeded ? paint->DependsOnMode() : paint->overprint)) {
+                wanted.nonzero = paint->nonzeroOverprint;
+            }
+        }
+    }
+    if (wanted == current) {
+        return;
+    }
+    auto found = std::find(overprintStates.begin(), overprintStates.end(), wanted);
+    if (found == overprintStates.end()) {
+        overprintStates.push_back(wanted);
+        found = overprintStates.end() - 1;
+    }
+    out.append("/gs");
+    out.append(std::to_string(found - overprintStates.begin()));
+    out.append(" gs\n");
+    current = wanted;
+}
+
+bool IsFinite(const OrvDoc::StrokeProperties& properties)
+{
+    const auto isFinite = [](double number) { return std::isfinite(number); };
+    return isFinite(properties.width) && isFinite(properties.miterLimit) && isFinite(properties.dashPhase) &&
+           std::all_of(properties.dashArray.begin(), properties.dashArray.end(), isFinite);
+}
+
+} // namespace OrvPdf

@@ -1,0 +1,229 @@
+#include "pdf/writer/page_writer.h"
+
+#include <array>
+
+#include <qpdf/QPDF.hh>
+
+#include <orv_doc/page.h>
+#include <orv_doc/page_content.h>
+
+#include "pdf/reader/page_source.h"
+#include "pdf/reader/qpdf_text.h"
+#include "pdf/writer/content_cleaning.h"
+#include "pdf/writer/layer_objects.h"
+#include "pdf/writer/object_maker.h"
+#include "pdf/writer/page_box_corners.h"
+#include "pdf/writer/property_list_index.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+using Rectangle = Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem>;
+
+struct BoxKey
+{
+    OrvDoc::PageBox box;
+    const char* key;
+};
+
+constexpr BoxKey boxKeys[] = {{OrvDoc::PageBox::Media, "/MediaBox"},
+                              {OrvDoc::PageBox::Crop, "/CropBox"},
+                              {OrvDoc::PageBox::Bleed, "/BleedBox"},
+                              {OrvDoc::PageBox::Trim, "/TrimBox"},
+                              {OrvDoc::PageBox::Art, "/ArtBox"}};
+
+bool IsPresent(QPDFObjectHandle object)
+{
+    return object.isInitialized() && !object.isNull();
+}
+
+void PushDown(QPDFObjectHandle dictionary, const char* key, QPDFObjectHandle inherited)
+{
+    if (!IsPresent(dictionary.getKey(key)) && IsPresent(inherited)) {
+        dictionary.replaceKey(key, inherited);
+    }
+}
+
+QPDFObjectHandle MakeBox(const Rectangle& box, const char* key, WritingProblems& problems)
+{
+    const auto corners = FindBoxCorners(box);
+    if (!corners) {
+        problems.Add(
+            std::string(key + 1) +
+            " is left out: a file has no boxes with negative extents or numbers that are not finite");
+        return QPDFObjectHandle::newNull();
+    }
+    std::vector<QPDFObjectHandle> items;
+    for (const double number : {corners->left, corners->bottom, corners->right, corners->top}) {
+        items.push_back(ObjectMaker::MakeLength(number));
+    }
+    return QPDFObjectHandle::newArray(items);
+}
+
+void ReplaceCategory(QPDFObjectHandle resources, const char* category, QPDFObjectHandle entries)
+{
+    if (entries.getKeys().empty()) {
+        resources.removeKey(category);
+    } else {
+        resources.replaceKey(category, entries);
+    }
+}
+
+QPDFObjectHandle MakeGraphicsState(const OverprintState& state)
+{
+    QPDFObjectHandle dictionary = QPDFObjectHandle::newDictionary();
+    dictionary.replaceKey("/Type", QPDFObjectHandle::newName("/ExtGState"));
+    dictionary.replaceKey("/OP", QPDFObjectHandle::newBool(state.stroke));
+    dictionary.replaceKey("/op", QPDFObjectHandle::newBool(state.fill));
+    dictionary.replaceKey("/OPM", QPDFObjectHandle::newInteger(state.nonzero ? 1 : 0));
+    return dictionary;
+}
+
+} // namespace
+
+std::vector<std::string> PageWriter::Write(const OrvDoc::Page& page, const PageEntry& entry)
+{
+    QPDFObjectHandle dictionary = entry.dictionary;
+    const auto* const source = dynamic_cast<const PdfPageSource*>(page.GetSource());
+    dictionary.replaceKey("/Type", QPDFObjectHandle::newName("/Page"));
+    PushDown(dictionary, "/Resources", entry.entries.resources);
+    PushDown(dictionary, "/MediaBox", entry.entries.mediaBox);
+    PushDown(dictionary, "/CropBox", entry.entries.cropBox);
+    PushDown(dictionary, "/Rotate", entry.entries.rotate);
+
+    WritingProblems problems;
+    WriteBoxes(page, source, dictionary, problems);
+    const OrvDoc::PageContent& content = page.GetContent();
+    WriteGroup(page, dictionary);
+    const std::string place = "page " + std::to_string(page.GetPageIndex() + 1);
+    const bool hasUnmodelled = source && source->GetInterpretation().hasUnmodelled;
+    if (hasUnmodelled && content.GetRevision() == source->GetBaseRevision()) {
+        KeepContent(*source, dictionary);
+        return problems.GetTexts(place);
+    }
+    WrittenContent written = WriteContent(content, separations);
+    WriteContentAnew(written, dictionary);
+    if (hasUnmodelled) {
+        problems.Add("the content was changed and is written without what was not read of it");
+    }
+    std::vector<std::string> texts = problems.GetTexts(place);
+    for (std::string& text : written.problems.GetTexts(place)) {
+        texts.push_back(std::move(text));
+    }
+    return texts;
+}
+
+void PageWriter::WriteBoxes(const OrvDoc::Page& page, const PdfPageSource* source,
+                            QPDFObjectHandle dictionary, WritingProblems& problems)
+{
+    std::array<Rectangle, 5> before;
+    if (source) {
+        before = source->ReadBoxes();
+    }
+    for (const BoxKey& key : boxKeys) {
+        const Rectangle& box = page.GetPageBox(key.box);
+        if (source && !box.isInitial && box == before[static_cast<std::size_t>(key.box)]) {
+            continue;
+        }
+        const QPDFObjectHandle written =
+            box.isInitial ? QPDFObjectHandle::newNull() : MakeBox(box, key.key, problems);
+        if (IsPresent(written)) {
+            dictionary.replaceKey(key.key, written);
+        } else {
+            dictionary.removeKey(key.key);
+        }
+    }
+}
+
+void PageWriter::WriteGroup(const OrvDoc::Page& page, QPDFObjectHandle dictionary)
+{
+    const OrvDoc::BlendColorSpace space = page.GetContent().GetBlendColorSpace();
+    const auto* const source = dynamic_cast<const PdfPageSource*>(page.GetSource());
+    if (source && page.GetContent().GetRevision() == source->GetBaseRevision()) {
+        return;
+    }
+    QPDFObjectHandle group = dictionary.getKey("/Group");
+    if (!space.GetColorSpace()) {
+        if (GetEntry(group, "/S").isNameAndEquals("/Transparency") && IsPresent(GetEntry(group, "/CS"))) {
+            QPDFObjectHandle copy = group.shallowCopy();
+            copy.removeKey("/CS");
+            dictionary.replaceKey("/Group", copy);
+        }
+        return;
+    }
+    QPDFObjectHandle changed = group.isDictionary() ? group.shallowCopy() : QPDFObjectHandle::newDictionary();
+    changed.replaceKey("/Type", QPDFObjectHandle::newName("/Group"));
+    changed.replaceKey("/S", QPDFObjectHandle::newName("/Transparency"));
+    changed.replaceKey("/CS", maker.MakeShared(space.GetColorSpace()->GetDefinition()));
+    dictionary.replaceKey("/Group", changed);
+}
+
+void PageWriter::KeepContent(const PdfPageSource& source, QPDFObjectHandle dictionary)
+{
+    const PageContentData data = source.ReadContent();
+    const auto cleaned = CleanContent(data.bytes.View(), source.GetInterpretation().damaged);
+    if (cleaned || source.HasDamagedStreams()) {
+        dictionary.replaceKey("/Contents", maker.MakeStream(cleaned ? *cleaned : data.bytes.View()));
+    }
+}
+
+void PageWriter::WriteContentAnew(WrittenContent& content, QPDFObjectHandle dictionary)
+{
+    if (content.bytes.empty()) {
+        dictionary.removeKey("/Contents");
+    } else {
+        dictionary.replaceKey("/Contents", maker.MakeStream(content.bytes));
+    }
+    dictionary.replaceKey("/Resources", MakeResources(content, dictionary.getKey("/Resources")));
+}
+
+QPDFObjectHandle PageWriter::MakePropertyLists(const WrittenContent& content)
+{
+    QPDFObjectHandle lists = QPDFObjectHandle::newDictionary();
+    for (std::size_t index = 0; index < content.layers.size(); ++index) {
+        lists.replaceKey("/oc" + std::to_string(index), layers.GetMembership(content.layers[index]));
+    }
+    for (std::size_t index = 0; index < content.propertyLists.size(); ++index) {
+        const OrvDoc::MarkedContent& mark = content.propertyLists[index];
+        const QPDFObjectHandle kept = maker.FindSourceObject(mark.resourceObject);
+        lists.replaceKey("/mc" + std::to_string(index),
+                         IsPresent(kept) ? kept : maker.Make(GetPropertyList(mark)));
+    }
+    return lists;
+}
+
+void PageWriter::NoteSeparations(const OrvColor::ColorSpace* space)
+{
+    for (; space; space = space->GetBase().get()) {
+        for (const std::string& name : space->GetColorantNames()) {
+            if (knownSeparations.insert(name).second) {
+                namedSeparations.push_back(name);
+            }
+        }
+    }
+}
+
+QPDFObjectHandle PageWriter::MakeResources(const WrittenContent& content, QPDFObjectHandle before)
+{
+    QPDFObjectHandle resources =
+        before.isDictionary() ? before.shallowCopy() : QPDFObjectHandle::newDictionary();
+    QPDFObjectHandle spaces = QPDFObjectHandle::newDictionary();
+    for (std::size_t index = 0; index < content.colorSpaces.size(); ++index) {
+        NoteSeparations(content.colorSpaces[index].get());
+        spaces.replaceKey("/cs" + std::to_string(index),
+                          maker.MakeShared(content.colorSpaces[index]->GetDefinition()));
+    }
+    ReplaceCategory(resources, "/ColorSpace", spaces);
+    QPDFObjectHandle states = QPDFObjectHandle::newDictionary();
+    for (std::size_t index = 0; index < content.graphicsStates.size(); ++index) {
+        states.replaceKey("/gs" + std::to_string(index), MakeGraphicsState(content.graphicsStates[index]));
+    }
+    ReplaceCategory(resources, "/ExtGState", states);
+    ReplaceCategory(resources, "/Properties", MakePropertyLists(content));
+    return resources;
+}
+
+} // namespace OrvPdf

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include <qpdf/QPDFObjectHandle.hh>
+
+#include "pdf/reader/page_tree.h"
+#include "pdf/writer/content_writer.h"
+
+namespace OrvDoc
+{
+class Page;
+}
+
+namespace OrvPdf
+{
+
+class LayerObjects;
+class ObjectMaker;
+class PdfPageSource;
+class SeparationSpaces;
+
+/// Writes pages: their boxes, their contents with the resources that these need, and the colour space of
+/// their group. What the model doesn't know of a page stays as the file has it.
+class PageWriter
+{
+public:
+    PageWriter(ObjectMaker& givenMaker, LayerObjects& givenLayers, SeparationSpaces& givenSeparations)
+        : maker(givenMaker), layers(givenLayers), separations(givenSeparations)
+    {}
+
+    /// `entry` is the page of the file that the model's page was read from; for a page that a program made it
+    /// holds an empty dictionary. Its dictionary becomes that of the model's page, with nothing inherited.
+    /// Returns the texts of the active errors of the content.
+    std::vector<std::string> Write(const OrvDoc::Page& page, const PageEntry& entry);
+
+    /// The separations that the colour spaces of contents name that were written anew, in order of their
+    /// first occurrence.
+    const std::vector<std::string>& GetNamedSeparations() const { return namedSeparations; }
+
+private:
+    void WriteBoxes(const OrvDoc::Page& page, const PdfPageSource* source, QPDFObjectHandle dictionary,
+                    WritingProblems& problems);
+    void WriteGroup(const OrvDoc::Page& page, QPDFObjectHandle dictionary);
+    void KeepContent(const PdfPageSource& source, QPDFObjectHandle dictionary);
+    void WriteContentAnew(WrittenContent& content, QPDFObjectHandle dictionary);
+    QPDFObjectHandle MakeResources(const WrittenContent& content, QPDFObjectHandle before);
+    void NoteSeparations(const OrvColor::ColorSpace* space);
+    QPDFObjectHandle MakePropertyLists(const WrittenContent& content);
+
+    ObjectMaker& maker;
+    LayerObjects& layers;
+    SeparationSpaces& separations;
+    std::vector<std::string> namedSeparations;
+    std::set<std::string> knownSeparations;
+};
+
+} // namespace OrvPdf

@@ -1,0 +1,89 @@
+#include "pdf/writer/separation_info_writer.h"
+
+#include <cmath>
+#include <set>
+
+#include <orv_color/color_space.h>
+
+#include "pdf/number_text.h"
+#include "pdf/writer/object_maker.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+using OrvColor::Representation;
+
+const char* GetFamilyName(Representation::Kind kind)
+{
+    switch (kind) {
+    case Representation::Kind::Gray:
+        return "DeviceGray";
+    case Representation::Kind::Rgb:
+        return "DeviceRGB";
+    case Representation::Kind::Cmyk:
+        return "DeviceCMYK";
+    case Representation::Kind::Lab:
+        return "Lab";
+    case Representation::Kind::None:
+        break;
+    }
+    return nullptr;
+}
+
+QPDFObjectHandle MakeAlternate(const Representation& alternate)
+{
+    QPDFObjectHandle array = QPDFObjectHandle::newArray();
+    array.appendItem(ObjectMaker::MakeName(GetFamilyName(alternate.GetKind())));
+    for (const float component : alternate.GetComponents()) {
+        std::string text;
+        AppendFloat(text, std::isfinite(component) ? component : 0.0f);
+        array.appendItem(QPDFObjectHandle::newReal(text));
+    }
+    return array;
+}
+
+QPDFObjectHandle MakeItem(const std::string& name)
+{
+    QPDFObjectHandle item = QPDFObjectHandle::newDictionary();
+    item.replaceKey("/Name", ObjectMaker::MakeName(name));
+    return item;
+}
+
+} // namespace
+
+void WriteSeparationInfo(const std::vector<OrvDoc::Separation::Entry>& entries,
+                         const std::vector<std::string>& named, QPDFObjectHandle catalogue,
+                         ObjectMaker& maker)
+{
+    std::vector<QPDFObjectHandle> items;
+    // What is no separation of its own is never listed.
+    std::set<std::string> listed = {"All", "None"};
+    for (const OrvDoc::Separation::Entry& entry : entries) {
+        QPDFObjectHandle item = MakeItem(entry.GetName());
+        listed.insert(entry.GetName());
+        if (GetFamilyName(entry.GetAlternate().GetKind())) {
+            item.replaceKey("/Alternate", MakeAlternate(entry.GetAlternate()));
+        }
+        if (entry.GetColorSpace()) {
+            item.replaceKey("/Space", maker.MakeShared(entry.GetColorSpace()->GetDefinition()));
+        }
+        items.push_back(item);
+    }
+    for (const std::string& name : named) {
+        if (listed.insert(name).second) {
+            QPDFObjectHandle item = MakeItem(name);
+            item.replaceKey("/Hidden", QPDFObjectHandle::newBool(true));
+            items.push_back(item);
+        }
+    }
+    if (items.empty()) {
+        catalogue.removeKey("/OrvSeparations");
+        return;
+    }
+    catalogue.replaceKey("/OrvSeparations", QPDFObjectHandle::newArray(items));
+}
+
+} // namespace OrvPdf

@@ -1,0 +1,233 @@
+#include "pdf/writer/separation_spaces.h"
+
+#include <array>
+#include <cmath>
+#include <stdexcept>
+
+#include <orv_sys/pdf_object.h>
+
+#include "orv_color/ink_model.h"
+#include "pdf/number_text.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+using OrvColor::ColorSpace;
+using OrvColor::Representation;
+using OrvSys::PdfObject;
+using Cmyk = std::array<float, 4>;
+
+constexpr std::array<double, 3> whitePointD50 = {0.9642, 1.0, 0.8249};
+
+PdfObject Number(float value)
+{
+    std::string text;
+    AppendFloat(text, value);
+    return PdfObject::Real(text);
+}
+
+PdfObject UnitRanges(std::size_t count)
+{
+    PdfObject::Items items;
+    for (std::size_t index = 0; index < count; ++index) {
+        items.push_back(PdfObject::Integer(0));
+        items.push_back(PdfObject::Integer(1));
+    }
+    return PdfObject::Array(std::move(items));
+}
+
+template <typename Numbers>
+PdfObject NumberArray(const Numbers& numbers)
+{
+    PdfObject::Items items;
+    for (const float number : numbers) {
+        items.push_back(Number(number));
+    }
+    return PdfObject::Array(std::move(items));
+}
+
+/// The straight way from no ink to the full tint (ISO 32000-1, 7.10.3).
+template <typename Numbers>
+PdfObject LinearTint(const std::vector<float>& paper, const Numbers& fullTint)
+{
+    return PdfObject::Dictionary({{"FunctionType", PdfObject::Integer(2)},
+                                  {"Domain", UnitRanges(1)},
+                                  {"C0", NumberArray(paper)},
+                                  {"C1", NumberArray(fullTint)},
+                                  {"N", PdfObject::Integer(1)}});
+}
+
+Cmyk FromLight(const OrvColor::Detail::Light& light)
+{
+    const OrvColor::Detail::Tints tints = OrvColor::Detail::SeparateLight(light);
+    Cmyk inks;
+    for (std::size_t ink = 0; ink < inks.size(); ++ink) {
+        // Whole per mille are more than a stand-in for an ink is exact to.
+        inks[ink] = static_cast<float>(std::round(tints[ink] * 1000) / 1000);
+    }
+    return inks;
+}
+
+double ToLinear(double encoded)
+{
+    return encoded <= 0.04045 ? encoded / 12.92 : std::pow((encoded + 0.055) / 1.055, 2.4);
+}
+
+OrvColor::Detail::Light LabToLight(const std::vector<OrvColor::Component>& lab)
+{
+    const auto inverse = [](double value) {
+        return value > 6.0 / 29.0 ? value * value * value : (value - 4.0 / 29.0) * 108.0 / 841.0;
+    };
+    const double middle = (lab[0] + 16.0) / 116.0;
+    const double x = whitePointD50[0] * inverse(middle + lab[1] / 500.0);
+    const double y = inverse(middle);
+    const double z = whitePointD50[2] * inverse(middle - lab[2] / 200.0);
+    // XYZ under D50 to the primaries of sRGB, adapted by Bradford's method.
+    return {3.1338561 * x - 1.6168667 * y - 0.4906146 * z, -0.9787684 * x + 1.9161415 * y + 0.0334540 * z,
+            0.0719453 * x - 0.2289914 * y + 1.4052427 * z};
+}
+
+Cmyk ToCmyk(const Representation& representation)
+{
+    const std::vector<OrvColor::Component>& from = representation.GetComponents();
+    switch (representation.GetKind()) {
+    case Representation::Kind::Gray:
+        return {0, 0, 0, 1.0f - from[0]};
+    case Representation::Kind::Rgb:
+        return FromLight({ToLinear(from[0]), ToLinear(from[1]), ToLinear(from[2])});
+    case Representation::Kind::Cmyk:
+        return {from[0], from[1], from[2], from[3]};
+    case Representation::Kind::Lab:
+        return FromLight(LabToLight(from));
+    case Representation::Kind::None:
+        break;
+    }
+    return {0, 0, 0, 1};
+}
+
+Cmyk ProcessInk(const std::string& name)
+{
+    static const std::array<const char*, 3> names = {"Cyan", "Magenta", "Yellow"};
+    Cmyk inks = {0, 0, 0, 1};
+    for (std::size_t ink = 0; ink < names.size(); ++ink) {
+        if (name == names[ink]) {
+            inks[3] = 0;
+            inks[ink] = 1;
+        }
+    }
+    return inks;
+}
+
+/// A calculator (ISO 32000-1, 7.10.5) that adds up what the separations look like. The results pile up on top
+/// of the tints; at the end they are rolled below them and the tints are dropped. The range cuts sums
+/// above 1.
+std::string AddUp(const std::vector<Cmyk>& inks)
+{
+    std::string program = "{";
+    for (std::size_t process = 0; process < 4; ++process) {
+        program += " 0";
+        for (std::size_t index = 0; index < inks.size(); ++index) {
+            if (inks[index][process] != 0) {
+                program += ' ' + std::to_string(inks.size() - index + process) + " index ";
+                AppendFloat(program, inks[index][process]);
+                program += " mul add";
+            }
+        }
+    }
+    program += ' ' + std::to_string(inks.size() + 4) + " 4 roll";
+    for (std::size_t index = 0; index < inks.size(); ++index) {
+        program += " pop";
+    }
+    return program + " }";
+}
+
+} // namespace
+
+SeparationSpaces::SeparationSpaces(const std::vector<OrvDoc::Separation::Entry>& given)
+{
+    for (const OrvDoc::Separation::Entry& entry : given) {
+        entries.emplace(entry.GetName(), &entry);
+    }
+}
+
+ColorSpace::Pointer SeparationSpaces::Get(const std::vector<std::string>& names)
+{
+    std::string key;
+    for (const std::string& name : names) {
+        // No name of a PDF file holds a zero byte.
+        if (name.empty() || name == "All" || name == "None" || name.find('\0') != std::string::npos) {
+            throw std::invalid_argument("no separation can be named '" + name + "'");
+        }
+        key += name + '\0';
+    }
+    ColorSpace::Pointer& space = made[key];
+    if (!space) {
+        space = names.size() == 1 ? MakeSingle(names.front()) : MakeSeveral(names);
+    }
+    return space;
+}
+
+ColorSpace::Pointer SeparationSpaces::MakeAll()
+{
+    return ColorSpace::Separation("All", ColorSpace::DeviceCMYK(),
+                                  LinearTint({0, 0, 0, 0}, Cmyk{0, 0, 0, 1}));
+}
+
+ColorSpace::Pointer SeparationSpaces::MakeNone()
+{
+    return ColorSpace::Separation("None", ColorSpace::DeviceCMYK(),
+                                  LinearTint({0, 0, 0, 0}, Cmyk{0, 0, 0, 0}));
+}
+
+const OrvDoc::Separation::Entry* SeparationSpaces::Find(const std::string& name) const
+{
+    const auto found = entries.find(name);
+    return found == entries.end() ? nullptr : found->second;
+}
+
+ColorSpace::Pointer SeparationSpaces::MakeSingle(const std::string& name) const
+{
+    const OrvDoc::Separation::Entry* const entry = Find(name);
+    if (entry && entry->GetColorSpace() &&
+        entry->GetColorSpace()->GetFamily() == ColorSpace::Family::Separation &&
+        entry->GetColorSpace()->GetColorantNames() == std::vector<std::string>{name}) {
+        return entry->GetColorSpace();
+    }
+    const Representation none;
+    const Representation& looks = entry ? entry->GetAlternate() : none;
+    switch (looks.GetKind()) {
+    case Representation::Kind::Gray:
+        return ColorSpace::Separation(name, ColorSpace::DeviceGray(), LinearTint({1}, looks.GetComponents()));
+    case Representation::Kind::Rgb:
+        return ColorSpace::Separation(name, ColorSpace::DeviceRGB(),
+                                      LinearTint({1, 1, 1}, looks.GetComponents()));
+    case Representation::Kind::Lab:
+        return ColorSpace::Separation(name, ColorSpace::Lab(whitePointD50, {-128, 127, -128, 127}),
+                                      LinearTint({100, 0, 0}, looks.GetComponents()));
+    case Representation::Kind::Cmyk:
+        return ColorSpace::Separation(name, ColorSpace::DeviceCMYK(),
+                                      LinearTint({0, 0, 0, 0}, looks.GetComponents()));
+    case Representation::Kind::None:
+        break;
+    }
+    return ColorSpace::Separation(name, ColorSpace::DeviceCMYK(), LinearTint({0, 0, 0, 0}, ProcessInk(name)));
+}
+
+ColorSpace::Pointer SeparationSpaces::MakeSeveral(const std::vector<std::string>& names) const
+{
+    std::vector<Cmyk> inks;
+    for (const std::string& name : names) {
+        const OrvDoc::Separation::Entry* const entry = Find(name);
+        const bool isKnown = entry && entry->GetAlternate().GetKind() != Representation::Kind::None;
+        inks.push_back(isKnown ? ToCmyk(entry->GetAlternate()) : ProcessInk(name));
+    }
+    const PdfObject dictionary = PdfObject::Dictionary({{"FunctionType", PdfObject::Integer(4)},
+                                                        {"Domain", UnitRanges(names.size())},
+                                                        {"Range", UnitRanges(4)}});
+    return ColorSpace::DeviceN(names, ColorSpace::DeviceCMYK(), PdfObject::Stream(dictionary, AddUp(inks)));
+}
+
+} // namespace OrvPdf

@@ -1,0 +1,80 @@
+#include "pdf/writer/source_streams.h"
+
+#include <algorithm>
+
+#include <qpdf/Pl_Discard.hh>
+#include <qpdf/Pl_String.hh>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFExc.hh>
+
+#include "pdf/reader/qpdf_text.h"
+#include "pdf/reader/source_file.h"
+#include "pdf/reader/stream_data.h"
+#include "pdf/writer/object_maker.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+bool CanBeDecoded(QPDFObjectHandle stream, qpdf_stream_decode_level_e level)
+{
+    if (stream.getDict().getKey("/Filter").isNull() && stream.getDict().getKey("/DecodeParms").isNull()) {
+        return true;
+    }
+    try {
+        Pl_Discard nowhere;
+        return stream.pipeStreamData(&nowhere, nullptr, 0, level, true, false);
+    } catch (const QPDFExc&) {
+        return false;
+    }
+}
+
+/// What comes out of a picture's own filter before the place where it fails.
+std::string DecodePicture(QPDFObjectHandle stream)
+{
+    std::string samples;
+    try {
+        Pl_String output("samples", nullptr, samples);
+        stream.pipeStreamData(&output, nullptr, 0, qpdf_dl_all, true, false);
+    } catch (const std::exception&) {
+        // What came before is all that there is.
+    }
+    return samples;
+}
+
+std::string Replace(QPDFObjectHandle stream, ObjectMaker& maker, const SourceFile& source)
+{
+    const std::uint64_t limit = source.GetOptions().limits.streamBytes;
+    const EncodedStream encoded = FetchStream(stream);
+    DecodedStream decoded = DecodeStream(source, encoded, {limit, "streamBytes", limit});
+    const std::string problem = encoded.problem.empty() ? decoded.problem : encoded.problem;
+    const std::string text =
+        DescribeObject(stream) + ": a damaged stream is written as far as it can be decoded";
+    const std::string data = decoded.isDecoded ? std::string(decoded.bytes.View()) : DecodePicture(stream);
+    maker.ReplaceData(stream, data);
+    return problem.empty() ? text : text + ": " + problem;
+}
+
+} // namespace
+
+std::vector<std::string> CheckSourceStreams(std::vector<QPDFObjectHandle> streams, ObjectMaker& maker,
+                                            const SourceFile& source)
+{
+    std::sort(streams.begin(), streams.end(),
+              [](const QPDFObjectHandle& left, const QPDFObjectHandle& right) {
+                  return left.getObjGen() < right.getObjGen();
+              });
+    std::vector<std::string> errors;
+    const qpdf_stream_decode_level_e level = source.WasRepaired() ? qpdf_dl_all : qpdf_dl_specialized;
+    for (QPDFObjectHandle& stream : streams) {
+        if (!CanBeDecoded(stream, level)) {
+            errors.push_back(Replace(stream, maker, source));
+        }
+        stream.setFilterOnWrite(false);
+    }
+    return errors;
+}
+
+} // namespace OrvPdf

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <qpdf/QPDFObjectHandle.hh>
+
+namespace OrvPdf
+{
+
+class ObjectMaker;
+class SourceFile;
+
+/// Sees to the streams that a rewritten file takes over from its source: they keep their filters, and those
+/// that can't be decoded are replaced by what can be decoded of them. Returns an error for each of these, by
+/// object numbers.
+///
+/// The data of pictures' own filters are only tried in a file that had to be repaired, where they may have
+/// been cut off: that takes more time than all other writing.
+std::vector<std::string> CheckSourceStreams(std::vector<QPDFObjectHandle> streams, ObjectMaker& maker,
+                                            const SourceFile& source);
+
+} // namespace OrvPdf

@@ -1,0 +1,269 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include <orv_doc/content.h>
+#include <orv_doc/content_object.h>
+#include <orv_doc/document.h>
+#include <orv_doc/group.h>
+#include <orv_doc/layer.h>
+#include <orv_doc/layer_properties.h>
+#include <orv_doc/layers.h>
+#include <orv_doc/marked_content.h>
+#include <orv_doc/path.h>
+#include <orv_doc/read_options.h>
+#include <orv_doc/text_group.h>
+#include <orv_paint/flat_paint.h>
+#include <plexa/compound.h>
+
+#include "pdf/number_text.h"
+#include "pdf/reader/content_interpreter.h"
+#include "pdf/reader/content_resources.h"
+
+/// Content streams to objects in a line, and the objects as a text of one line.
+namespace OrvPdf::Testing
+{
+
+/// Resources that a test lists. The device spaces and `Pattern` are always there.
+class FakeResources : public ContentResources
+{
+public:
+    std::map<std::string, OrvColor::ColorSpace::Pointer> spaces{
+        {"DeviceGray", OrvColor::ColorSpace::DeviceGray()},
+        {"DeviceRGB", OrvColor::ColorSpace::DeviceRGB()},
+        {"DeviceCMYK", OrvColor::ColorSpace::DeviceCMYK()},
+        {"Pattern", OrvColor::ColorSpace::Pattern()}};
+    std::map<std::string, OrvSys::PdfObject> states;
+    std::map<std::string, PropertyList> lists;
+    /// Problems that come with a resource that is found.
+    std::map<std::string, std::string> warnings;
+    std::size_t lookups = 0;
+
+    OrvColor::ColorSpace::Pointer FindColorSpace(const std::string& name, std::string& problem) override
+    {
+        return Find(spaces, name, problem);
+    }
+
+    OrvSys::PdfObject FindGraphicsState(const std::string& name, std::string& problem) override
+    {
+        return Find(states, name, problem);
+    }
+
+    boost::optional<PropertyList> FindPropertyList(const std::string& name, std::string& problem) override
+    {
+        const auto found = lists.find(name);
+        Find(lists, name, problem);
+        return found == lists.end() ? boost::none : boost::make_optional(found->second);
+    }
+
+private:
+    template <typename Value>
+    Value Find(const std::map<std::string, Value>& resources, const std::string& name, std::string& problem)
+    {
+        ++lookups;
+        const auto warning = warnings.find(name);
+        problem = warning == warnings.end() ? "" : warning->second;
+        const auto found = resources.find(name);
+        if (found == resources.end()) {
+            problem = "it is missing";
+            return Value();
+        }
+        return found->second;
+    }
+};
+
+/// What one content stream gave.
+struct Reading
+{
+    std::unique_ptr<OrvDoc::Document> document = OrvDoc::Document::CreateNew();
+    FakeResources resources;
+    OrvDoc::ReadOptions::Limits limits;
+    std::unique_ptr<OrvDoc::Content> content;
+    Interpretation result;
+
+    void Read(std::string_view stream)
+    {
+        content = std::make_unique<OrvDoc::Content>(*document, OrvDoc::Content::Type::PageContent);
+        result = InterpretContent(stream, resources, limits, *content);
+    }
+
+    /// A layer of the document, as a property list of that resource name.
+    std::shared_ptr<OrvDoc::LayerProperties> AddLayer(const std::string& resource, const std::string& name)
+    {
+        const auto layer = document->GetLayers().AddLayer(name);
+        ContentResources::PropertyList list;
+        list.layer = OrvDoc::Layer::Membership(layer);
+        resources.lists[resource] = list;
+        return layer;
+    }
+};
+
+inline std::string ShortNumber(double value)
+{
+    std::string text;
+    AppendNumber(text, value, 0);
+    return text;
+}
+
+/// `{M 0 0 L 10 0 Z}` in milli-points, with a star in front for the even-odd rule.
+inline std::string ShapeText(const Plexa::Compound& compound)
+{
+    std::string text = compound.GetWindingRule() == Plexa::WindingRule::EvenOdd ? "*{" : "{";
+    const auto add = [&text](const std::string& word) { text += (text.back() == '{' ? "" : " ") + word; };
+    const auto addPoint = [&](const char* kind, const auto& point) {
+        add(kind + ShortNumber(point.x.value) + " " + ShortNumber(point.y.value));
+    };
+    for (const auto& subpath : compound.GetSubpaths()) {
+        addPoint("M ", subpath->GetStart());
+        for (const auto& segment : subpath->GetDrawnSegments()) {
+            if (segment.IsBezier()) {
+                addPoint("C ", segment.GetFirstControlPoint());
+                addPoint("", segment.GetSecondControlPoint());
+            }
+            addPoint(segment.IsBezier() ? "" : "L ", segment.GetEnd());
+        }
+        if (subpath->IsClosed())
+            add("Z");
+    }
+    return text + "}";
+}
+
+/// The space with the components as the file gave them: `Gray 0`, `CMYK 0 0 0 1 overprint nonzero`.
+inline std::string PaintText(const std::shared_ptr<const OrvPaint::Paint>& paint)
+{
+    const auto* const flat = dynamic_cast<const OrvPaint::FlatPaint*>(paint.get());
+    if (!flat || !flat->GetNativeSpace())
+        return "?";
+    const OrvSys::PdfObject& definition = flat->GetNativeSpace()->GetDefinition();
+    std::string text = definition.IsName() ? definition.GetText() : definition.GetItems()[0].GetText();
+    if (text.compare(0, 6, "Device") == 0 && text != "DeviceN")
+        text.erase(0, 6);
+    if (definition.IsArray() && !flat->GetNativeSpace()->GetColorantNames().empty())
+        text = flat->GetNativeSpace()->GetColorantNames()[0];
+    for (const float component : flat->GetNativeComponents()) {
+        text += ' ';
+        AppendFloat(text, component);
+    }
+    text += flat->GetColor().overprint ? " overprint" : "";
+    text += flat->IsNonzeroOverprint() ? " nonzero" : "";
+    return text;
+}
+
+/// What differs from the defaults, such as ` width 2000 cap 1 dash 3000 1000 from 500`.
+inline std::string StrokeText(const OrvDoc::StrokeProperties& stroke)
+{
+    const OrvDoc::StrokeProperties defaults;
+    std::string text;
+    if (stroke.width != defaults.width)
+        text += " width " + ShortNumber(stroke.width);
+    if (stroke.cap != defaults.cap)
+        text += " cap " + std::to_string(static_cast<int>(stroke.cap));
+    if (stroke.join != defaults.join)
+        text += " join " + std::to_string(static_cast<int>(stroke.join));
+    if (stroke.miterLimit != defaults.miterLimit)
+        text += " miter " + ShortNumber(stroke.miterLimit);
+    if (!stroke.dashArray.empty())
+        text += " dash";
+    for (const double dash : stroke.dashArray)
+        text += " " + ShortNumber(dash);
+    if (stroke.dashPhase != 0.0)
+        text += " from " + ShortNumber(stroke.dashPhase);
+    return text;
+}
+
+/// Name, transformation and the like, as far as they aren't the initial ones.
+inline std::string CommonText(const OrvDoc::Transformable& object)
+{
+    std::string text;
+    if (!object.GetName().empty())
+        text += " '" + object.GetName() + "'";
+    const auto& t = object.GetTransformation();
+    if (!Plexa::IsIdentity(t)) {
+        for (const double number : {t.a, t.b, t.c, t.d, t.x.value, t.y.value})
+            text += (number == t.a && text.find('@') == std::string::npos ? " @" : ",") + ShortNumber(number);
+    }
+    if (object.IsClippingObject())
+        text += " clip";
+    return text;
+}
+
+inline std::string TreeText(const OrvDoc::Detail::List<OrvDoc::ContentObject>& objects);
+
+inline std::string GroupText(const OrvDoc::Group& group)
+{
+    std::string text = "group";
+    if (dynamic_cast<const OrvDoc::TextGroup*>(&group))
+        text = "text";
+    else if (dynamic_cast<const OrvDoc::Layer*>(&group))
+        text = "layer";
+    text += CommonText(group);
+    if (group.GetFlags() != OrvDoc::Group::Flags::Default)
+        text += " #" + std::to_string(static_cast<std::uint32_t>(group.GetFlags()));
+    if (const OrvDoc::MarkedContent* const mark = group.GetMarkedContent()) {
+        text += (mark->isPoint ? " point /" : " /") + mark->tag;
+        text += mark->properties.IsNull() ? "" : " " + mark->properties.Serialize();
+        text += mark->resource.IsNull() ? "" : " = " + mark->resource.Serialize();
+        text += mark->resourceObject == 0 ? "" : " object " + std::to_string(mark->resourceObject);
+    }
+    return text + "[" + TreeText(group.children) + "]";
+}
+
+inline std::string ObjectText(const OrvDoc::ContentObject& object)
+{
+    if (const auto* const group = dynamic_cast<const OrvDoc::Group*>(&object))
+        return GroupText(*group);
+    const auto* const path = dynamic_cast<const OrvDoc::Path*>(&object);
+    if (!path)
+        return "?";
+    std::string text = "path" + CommonText(*path) + " " + ShapeText(*path->DefiningCompound());
+    if (path->GetFillPaint())
+        text += " fill " + PaintText(path->GetFillPaint());
+    if (path->GetStrokePaint())
+        text += " stroke " + PaintText(path->GetStrokePaint());
+    return text + StrokeText(path->GetStrokeProperties());
+}
+
+/// The objects of a container in paint order, separated by `; `.
+inline std::string TreeText(const OrvDoc::Detail::List<OrvDoc::ContentObject>& objects)
+{
+    std::string text;
+    for (const OrvDoc::ContentObject* object = objects.first; object; object = object->next)
+        text += (object == objects.first ? "" : "; ") + ObjectText(*object);
+    return text;
+}
+
+/// The objects of what was read.
+inline std::string Tree(const Reading& reading)
+{
+    return TreeText(std::as_const(*reading.content).GetChildren());
+}
+
+/// The objects of a stream that needs no resources. The errors follow behind a bar, so that none goes unseen.
+inline std::string Tree(std::string_view stream)
+{
+    Reading reading;
+    reading.Read(stream);
+    std::string text = Tree(reading);
+    for (const std::string& error : reading.result.errors)
+        text += " | " + error;
+    return text;
+}
+
+/// The parts of a stream that count as damaged, as texts, in order, separated by `|`.
+inline std::string DamagedText(std::string_view stream)
+{
+    Reading reading;
+    reading.Read(stream);
+    std::string text;
+    for (const ByteRange& range : reading.result.damaged)
+        text += (text.empty() ? "" : "|") + std::string(stream.substr(range.begin, range.end - range.begin));
+    return text;
+}
+
+} // namespace OrvPdf::Testing

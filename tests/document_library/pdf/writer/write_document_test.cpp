@@ -1,0 +1,453 @@
+#include <algorithm>
+#include <fstream>
+#include <sstream>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <qpdf/QPDF.hh>
+
+#include <orv_doc/errors.h>
+#include <orv_doc/layer_properties.h>
+#include <orv_doc/layers.h>
+#include <orv_sys/error.h>
+
+#include "support/pdf_text.h"
+#include "support/temporary_folder.h"
+#include "writer_test_support.h"
+
+namespace OrvPdf::Testing
+{
+namespace
+{
+
+using OrvDoc::Document;
+using OrvDoc::LayerConfiguration;
+using OrvDoc::PageBox;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+const OrvDoc::WriteOptions full(OrvDoc::WriteOptions::Flavour::Full);
+
+/// Documents to files and back, in a folder of the test.
+class WriteDocument : public ::testing::Test
+{
+protected:
+    std::unique_ptr<Document> ReadFile(const std::string& bytes)
+    {
+        return Document::Create(folder.Write("in.pdf", bytes), OrvDoc::ReadOptions());
+    }
+
+    void Save(Document& document) { document.Save(Name(), full); }
+    std::unique_ptr<Document> Reopen() { return Document::Create(Name(), OrvDoc::ReadOptions()); }
+
+    std::unique_ptr<Document> SaveAndRead(Document& document)
+    {
+        Save(document);
+        return Reopen();
+    }
+
+    /// The objects of the saved file.
+    QPDF& Objects()
+    {
+        objects = std::make_unique<QPDF>();
+        objects->processFile(Name().c_str());
+        return *objects;
+    }
+
+    QPDFObjectHandle Catalogue() { return Objects().getRoot(); }
+    QPDFObjectHandle SavedPage(int index = 0)
+    {
+        return Catalogue().getKey("/Pages").getKey("/Kids").getArrayItem(index);
+    }
+
+    std::string SavedContent()
+    {
+        const auto buffer = SavedPage().getKey("/Contents").getStreamData();
+        return std::string(reinterpret_cast<const char*>(buffer->getBuffer()), buffer->getSize());
+    }
+
+    std::string Name() const { return folder.NameOf("out.pdf"); }
+
+    std::string Bytes() const
+    {
+        std::ifstream stream(Name(), std::ios::binary);
+        std::ostringstream text;
+        text << stream.rdbuf();
+        return text.str();
+    }
+
+    TemporaryFolder folder;
+
+private:
+    std::unique_ptr<QPDF> objects;
+};
+
+std::vector<std::string> TextsOf(const OrvDoc::Errors& errors)
+{
+    std::vector<std::string> texts;
+    for (const auto& error : errors.GetAllErrors()) {
+        texts.push_back(error->GetText());
+    }
+    return texts;
+}
+
+TEST_F(WriteDocument, WritesADocumentThatAProgramMade)
+{
+    const auto document = NewDocument(3);
+    Fill(ContentOf(*document), Line());
+    Save(*document);
+    EXPECT_EQ(Catalogue().getKey("/Pages").getKey("/Count").getIntValue(), 3);
+    EXPECT_EQ(SavedContent(), "0 0 m\n1 0 l\nn\n");
+}
+
+TEST_F(WriteDocument, GivesTheSameBytesForTheSameDocument)
+{
+    const auto document = ReadFile(PdfFileOfPages({"1 0 0 rg 0 0 9 9 re f"}));
+    Save(*document);
+    const std::string first = Bytes();
+    Save(*document);
+    EXPECT_EQ(Bytes(), first);
+}
+
+TEST_F(WriteDocument, GivesTheSameBytesWhoeverLookedAtAPage)
+{
+    const std::string file = PdfFileOfPages({"0 0 9 9 re f", "0 0 8 8 re f"});
+    Save(*ReadFile(file));
+    const std::string first = Bytes();
+    const auto document = ReadFile(file);
+    ContentOf(*document, 1);
+    Save(*document);
+    EXPECT_EQ(Bytes(), first);
+}
+
+TEST_F(WriteDocument, MayReplaceTheFileThatTheDocumentCameFrom)
+{
+    const auto document = ReadFile(PdfFileOfPages({"0 0 9 9 re f"}));
+    document->Save(document->GetFilePath(), full);
+    EXPECT_EQ(Document::Create(document->GetFilePath(), OrvDoc::ReadOptions())->GetNumberOfPages(), 1u);
+}
+
+TEST_F(WriteDocument, WritesBoxesInPointsAndLeavesOutThoseNeverSet)
+{
+    const auto document = NewDocument(1);
+    PageOf(*document).SetPageBox(PageBox::Trim, Box(1500.0, 2000.0, 3000.5, 4000.0));
+    Save(*document);
+    EXPECT_EQ(SavedPage().getKey("/TrimBox").unparse(), "[ 1.5 2 4.5005 6 ]");
+    EXPECT_FALSE(SavedPage().hasKey("/CropBox"));
+}
+
+TEST_F(WriteDocument, KeepsTheTextOfABoxThatNobodyChanged)
+{
+    const auto document =
+        ReadFile(PdfFile({"<</Type/Catalog/Pages 2 0 R>>", "<</Type/Pages/Count 1/Kids[3 0 R]>>",
+                          "<</Type/Page/Parent 2 0 R/MediaBox[100 0.500 0 200]>>"}));
+    Save(*document);
+    EXPECT_EQ(SavedPage().getKey("/MediaBox").unparse(), "[ 100 0.500 0 200 ]");
+}
+
+TEST_F(WriteDocument, RemovesABoxThatWasTakenAway)
+{
+    const auto document = NewDocument(1);
+    PageOf(*document).SetPageBox(PageBox::Crop, Box(0.0, 0.0, 1000.0, 1000.0));
+    const auto reopened = SaveAndRead(*document);
+    PageOf(*reopened).SetPageBox(PageBox::Crop, Box());
+    Save(*reopened);
+    EXPECT_FALSE(SavedPage().hasKey("/CropBox"));
+}
+
+TEST_F(WriteDocument, TellsABoxThatNoFileHolds)
+{
+    const auto document = NewDocument(1);
+    PageOf(*document).SetPageBox(PageBox::Crop, Box(0.0, 0.0, -1.0, 1000.0));
+    Save(*document);
+    EXPECT_FALSE(SavedPage().hasKey("/CropBox"));
+    EXPECT_THAT(TextsOf(ContentOf(*document).GetActiveErrors()),
+                ElementsAre(HasSubstr("page 1: CropBox is left out")));
+}
+
+TEST_F(WriteDocument, TellsEachPageWhatItInheritedAndKeepsWhatTheRootHasBeside)
+{
+    const auto document =
+        ReadFile(PdfFile({"<</Type/Catalog/Pages 2 0 R>>",
+                          "<</Type/Pages/Count 1/Kids[3 0 R]/MediaBox[0 0 50 50]/Rotate 90/Private(kept)>>",
+                          "<</Type/Pages/Parent 2 0 R/Count 1/Kids[4 0 R]/CropBox[0 0 40 40]>>",
+                          "<</Type/Page/Parent 3 0 R>>"}));
+    Save(*document);
+    QPDFObjectHandle root = Catalogue().getKey("/Pages");
+    EXPECT_EQ(root.getKeys(), (std::set<std::string>{"/Type", "/Count", "/Kids", "/Private"}));
+    QPDFObjectHandle page = root.getKey("/Kids").getArrayItem(0);
+    EXPECT_EQ(page.getKey("/MediaBox").unparse(), "[ 0 0 50 50 ]");
+    EXPECT_EQ(page.getKey("/CropBox").unparse(), "[ 0 0 40 40 ]");
+    EXPECT_EQ(page.getKey("/Rotate").getIntValue(), 90);
+    EXPECT_EQ(page.getKey("/Parent").getObjGen(), root.getObjGen());
+}
+
+TEST_F(WriteDocument, MakesTwoPagesOfOneThatIsListedTwice)
+{
+    const auto document = ReadFile(PdfFile({"<</Type/Catalog/Pages 2 0 R>>",
+                                            "<</Type/Pages/Count 2/Kids[3 0 R 3 0 R]/MediaBox[0 0 50 50]>>",
+                                            "<</Type/Page/Parent 2 0 R>>"}));
+    PageOf(*document, 1).SetPageBox(PageBox::Art, Box(0.0, 0.0, 1000.0, 1000.0));
+    Save(*document);
+    EXPECT_FALSE(SavedPage(0).hasKey("/ArtBox"));
+    EXPECT_TRUE(SavedPage(1).hasKey("/ArtBox"));
+}
+
+TEST_F(WriteDocument, WritesPagesThatWereAddedAndLeavesOutRemovedOnes)
+{
+    const auto document = ReadFile(PdfFileOfPages({"0 0 1 1 re f", "0 0 2 2 re f"}));
+    document->RemovePage(0);
+    Fill(document->InsertPage(0, Box(0.0, 0.0, 7000.0, 7000.0)).GetContent(), Line());
+    Save(*document);
+    EXPECT_EQ(Catalogue().getKey("/Pages").getKey("/Count").getIntValue(), 2);
+    EXPECT_EQ(SavedContent(), "0 0 m\n1 0 l\nn\n");
+    EXPECT_EQ(SavedPage(0).getKey("/MediaBox").unparse(), "[ 0 0 7 7 ]");
+}
+
+constexpr const char* unmodelled = "0 0 1 1 re f\n/Fm0 Do\n% a comment";
+
+TEST_F(WriteDocument, KeepsAContentThatItCannotModelAsItStands)
+{
+    const auto document = ReadFile(PdfFileOfPages({unmodelled}));
+    Save(*document);
+    EXPECT_EQ(SavedContent(), unmodelled);
+}
+
+TEST_F(WriteDocument, KeepsSuchAContentWithoutItsDamage)
+{
+    const auto document = ReadFile(PdfFileOfPages({"/Fm0 Do 0 0 1 1 re ) f"}));
+    Save(*document);
+    EXPECT_THAT(SavedContent(), ::testing::Not(HasSubstr(")")));
+    EXPECT_THAT(SavedContent(), HasSubstr("/Fm0 Do"));
+}
+
+TEST_F(WriteDocument, TellsWhatIsLostOfAContentThatWasChanged)
+{
+    const auto document = ReadFile(PdfFileOfPages({unmodelled}));
+    Fill(ContentOf(*document), Line());
+    Save(*document);
+    EXPECT_EQ(SavedContent(), "0 0 1 1 re\nf\n0 0 m\n1 0 l\nn\n");
+    EXPECT_THAT(TextsOf(ContentOf(*document).GetActiveErrors()),
+                ::testing::Contains(HasSubstr("the content was changed")));
+}
+
+TEST_F(WriteDocument, ReplacesTheResourcesThatItSaysAnewAndKeepsTheOthers)
+{
+    const auto document =
+        ReadFile(PdfFileOfPages({"/A cs 0.5 sc 0 0 1 1 re f"}, "",
+                                "/ColorSpace<</A[/CalGray<</WhitePoint[0.9 1 0.9]>>]/DefaultRGB "
+                                "/DeviceRGB>>/Font<</F 9 0 R>>/ExtGState<</G<</LW 1>>>>"));
+    Save(*document);
+    QPDFObjectHandle resources = SavedPage().getKey("/Resources");
+    EXPECT_EQ(resources.getKey("/ColorSpace").getKeys(), std::set<std::string>{"/cs0"});
+    EXPECT_FALSE(resources.hasKey("/ExtGState"));
+    EXPECT_TRUE(resources.hasKey("/Font"));
+}
+
+TEST_F(WriteDocument, KeepsWhatHasNoPlaceInTheModel)
+{
+    const auto document =
+        ReadFile(PdfFileOfPages({"0 0 1 1 re f"}, "/Outlines<</Type/Outlines/Private(x)>>/Lang(de)"));
+    Save(*document);
+    EXPECT_EQ(Catalogue().getKey("/Outlines").getKey("/Private").getUTF8Value(), "x");
+    EXPECT_EQ(Catalogue().getKey("/Lang").getUTF8Value(), "de");
+}
+
+TEST_F(WriteDocument, WritesLayersWithTheirTree)
+{
+    const auto document = NewDocument(1);
+    OrvDoc::Layers& layers = document->GetLayers();
+    const auto first = layers.AddUnorderedLayer("Ärger");
+    const auto second = layers.AddUnorderedLayer("Two");
+    second->SetProcessingStep("Structural", "Cutting");
+    LayerConfiguration& configuration = layers.GetDefaultConfiguration();
+    configuration.SetOrder({{layers.CreateGroup("Group"), {{first, {{second, {}}}}}}});
+    configuration.SetLayerVisible(first, false);
+    configuration.SetLayerPrintState(second, LayerConfiguration::PrintState::NotPrinting);
+
+    const auto reopened = SaveAndRead(*document);
+    ASSERT_EQ(reopened->GetLayers().GetAllLayers().size(), 2u);
+    const auto& one = reopened->GetLayers().GetAllLayers()[0];
+    const auto& two = reopened->GetLayers().GetAllLayers()[1];
+    EXPECT_EQ(one->GetName(), "Ärger");
+    EXPECT_EQ(two->GetProcessingStepGroup(), "Structural");
+    EXPECT_EQ(two->GetProcessingStepType(), "Cutting");
+    const LayerConfiguration& read = reopened->GetLayers().GetDefaultConfiguration();
+    ASSERT_EQ(read.GetOrder().size(), 1u);
+    EXPECT_TRUE(read.GetOrder()[0].layer->GetIsGroup());
+    EXPECT_EQ(read.GetOrder()[0].children.at(0).children.at(0).layer, two);
+    EXPECT_FALSE(read.IsLayerVisible(one));
+    EXPECT_EQ(read.GetLayerPrintState(two), LayerConfiguration::PrintState::NotPrinting);
+    EXPECT_EQ(read.GetLayerPrintState(one), LayerConfiguration::PrintState::AsSeen);
+}
+
+constexpr const char* layersOfAFile =
+    "/OCProperties<</OCGs[5 0 R 6 0 R]/Configs[]/D<</Name(n)/BaseState/OFF/ON[5 0 R]/Order[[5 0 R][6 0 "
+    "R]]/Locked[6 0 R]"
+    "/AS[<</Event/View/Category[/View]/OCGs[5 0 R]>>]>>>>";
+
+std::string FileWithLayers()
+{
+    return PdfFileOfPages({""}, layersOfAFile, "",
+                          {"<</Type/OCG/Name(One)/Intent/View>>", "<</Type/OCG/Name(Two)>>"});
+}
+
+TEST_F(WriteDocument, LeavesLayersAsTheyStandIfNobodyChangedThem)
+{
+    Save(*ReadFile(FileWithLayers()));
+    QPDFObjectHandle configuration = Catalogue().getKey("/OCProperties").getKey("/D");
+    EXPECT_EQ(configuration.getKeys(),
+              (std::set<std::string>{"/Name", "/BaseState", "/ON", "/Order", "/Locked", "/AS"}));
+    EXPECT_TRUE(configuration.getKey("/Order").getArrayItem(0).isArray());
+}
+
+TEST_F(WriteDocument, ShowsANewLayerBesideOnesThatAreHiddenByDefault)
+{
+    const auto document = ReadFile(FileWithLayers());
+    document->GetLayers().AddLayer("Three");
+    const auto reopened = SaveAndRead(*document);
+    const auto& layers = reopened->GetLayers().GetAllLayers();
+    const LayerConfiguration& configuration = reopened->GetLayers().GetDefaultConfiguration();
+    ASSERT_EQ(layers.size(), 3u);
+    EXPECT_TRUE(configuration.IsLayerVisible(layers[0]));
+    EXPECT_FALSE(configuration.IsLayerVisible(layers[1]));
+    EXPECT_TRUE(configuration.IsLayerVisible(layers[2]));
+}
+
+TEST_F(WriteDocument, KeepsOtherUsagesWhenAPrintStateIsSet)
+{
+    const auto document = ReadFile(FileWithLayers());
+    const auto layer = document->GetLayers().GetAllLayers()[1];
+    document->GetLayers().GetDefaultConfiguration().SetLayerPrintState(
+        layer, LayerConfiguration::PrintState::Printing);
+    Save(*document);
+    QPDFObjectHandle usages = Catalogue().getKey("/OCProperties").getKey("/D").getKey("/AS");
+    ASSERT_EQ(usages.getArrayNItems(), 2);
+    EXPECT_TRUE(usages.getArrayItem(0).getKey("/Event").isNameAndEquals("/View"));
+    EXPECT_TRUE(usages.getArrayItem(1).getKey("/Event").isNameAndEquals("/Print"));
+}
+
+TEST_F(WriteDocument, PutsAnOutputIntentInThePlaceOfTheOneThatWasRead)
+{
+    const std::string intents =
+        "/OutputIntents[<</Type/OutputIntent/S/GTS_PDFA1/Info(a)>><</Type/OutputIntent/S/"
+        "GTS_PDFX/Info(x)>>]";
+    const auto document = ReadFile(PdfFileOfPages({""}, intents));
+    document->SetOutputIntent(OrvColor::OutputIntent().SetOutputConditionIdentifier("FOGRA39"));
+    Save(*document);
+    QPDFObjectHandle written = Catalogue().getKey("/OutputIntents");
+    ASSERT_EQ(written.getArrayNItems(), 2);
+    EXPECT_EQ(written.getArrayItem(1).getKey("/Info").getUTF8Value(), "a");
+    EXPECT_EQ(Reopen()->GetOutputIntent()->GetOutputConditionIdentifier(), "FOGRA39");
+}
+
+TEST_F(WriteDocument, TakesAnOutputIntentAway)
+{
+    const auto document = ReadFile(PdfFileOfPages({""}, "/OutputIntents[<</S/GTS_PDFX/Info(x)>>]"));
+    document->SetOutputIntent(boost::none);
+    Save(*document);
+    EXPECT_FALSE(Catalogue().hasKey("/OutputIntents"));
+}
+
+TEST_F(WriteDocument, ListsTheSeparationsThatWereSetAndNoOthers)
+{
+    const auto document = NewDocument(1);
+    Fill(ContentOf(*document), FilledLine(Ink(0.5f)));
+    OrvColor::Representation gold;
+    gold.SetCmyk({0.0f, 0.25f, 1.0f, 0.0f});
+    document->SetSeparationInfo({{"Gold", gold}, {"A # name", OrvColor::Representation()}});
+    const auto reopened = SaveAndRead(*document);
+    EXPECT_EQ(reopened->GetSeparationInfo(), document->GetSeparationInfo());
+    EXPECT_FALSE(reopened->GetSeparationInfo().empty());
+}
+
+TEST_F(WriteDocument, PointsResolvedLinksAtTheirFiles)
+{
+    const auto document = ReadFile(PdfFileOfPages({""}, "/OrvLinks<</a 5 0 R/b 6 0 R>>", "",
+                                                  {"<</Type/Filespec>>", "<</Type/Filespec>>"}));
+    EXPECT_THAT(OrvDoc::ResolveNormalizedPDFLinks(*document, {{"a", "sub/ä.pdf"}}), ElementsAre("b"));
+    const auto reopened = SaveAndRead(*document);
+    ASSERT_EQ(reopened->GetNormalizedPDFLinks().size(), 1u);
+    EXPECT_EQ(reopened->GetNormalizedPDFLinks()[0].key, "b");
+    EXPECT_EQ(Catalogue().getKey("/OrvLinks").getKeys(), std::set<std::string>{"/b"});
+}
+
+TEST_F(WriteDocument, WritesTheBlendColorSpaceOfAPage)
+{
+    const auto document = NewDocument(1);
+    ContentOf(*document).SetBlendColorSpace(OrvDoc::BlendColorSpace(OrvColor::ColorSpace::DeviceCMYK()));
+    const auto reopened = SaveAndRead(*document);
+    EXPECT_EQ(ContentOf(*reopened).GetBlendColorSpace(), ContentOf(*document).GetBlendColorSpace());
+    EXPECT_TRUE(SavedPage().getKey("/Group").getKey("/S").isNameAndEquals("/Transparency"));
+}
+
+TEST_F(WriteDocument, LeavesAGroupWithoutColorSpaceWhereItIs)
+{
+    const auto document = ReadFile(
+        PdfFile({"<</Type/Catalog/Pages 2 0 R>>", "<</Type/Pages/Count 1/Kids[3 0 R]/MediaBox[0 0 50 50]>>",
+                 "<</Type/Page/Parent 2 0 R/Group<</S/Transparency/I true>>>>"}));
+    Fill(ContentOf(*document), Line());
+    Save(*document);
+    EXPECT_TRUE(SavedPage().getKey("/Group").getKey("/I").getBoolValue());
+}
+
+TEST_F(WriteDocument, ReplacesADamagedStreamByWhatCanBeReadOfIt)
+{
+    const auto document = ReadFile(PdfFileOfPages(
+        {""}, "/Private 5 0 R", "", {"<</Filter/ASCIIHexDecode/Length 10>>\nstream\n414243 zz>\nendstream"}));
+    Save(*document);
+    const auto buffer = Catalogue().getKey("/Private").getStreamData();
+    EXPECT_EQ(std::string(reinterpret_cast<const char*>(buffer->getBuffer()), 3), "ABC");
+    EXPECT_THAT(TextsOf(document->GetActiveErrors()), ElementsAre(HasSubstr("object 5 0: a damaged stream")));
+}
+
+TEST_F(WriteDocument, KeepsSoundStreamsAsTheyAre)
+{
+    Save(*ReadFile(PdfFileOfPages({""}, "/Private 5 0 R/Metadata 6 0 R", "",
+                                  {"<</Filter/ASCIIHexDecode/Length 7>>\nstream\n414243>\nendstream",
+                                   PdfStream("<xml/>", "/Type/Metadata/Subtype/XML")})));
+    EXPECT_TRUE(
+        Catalogue().getKey("/Private").getDict().getKey("/Filter").isNameAndEquals("/ASCIIHexDecode"));
+    EXPECT_FALSE(Catalogue().getKey("/Metadata").getDict().hasKey("/Filter"));
+}
+
+TEST_F(WriteDocument, KeepsNumberSignsInNames)
+{
+    Save(*ReadFile(PdfFileOfPages({""}, "/A#23B#20C[/D#2341]")));
+    EXPECT_EQ(Catalogue().getKey("/A#B C").getArrayItem(0).getName(), "/D#41");
+}
+
+TEST_F(WriteDocument, KeepsErrorsThatStayInForceTheSameObjects)
+{
+    const auto document = NewDocument(1);
+    Fill(ContentOf(*document), std::make_unique<OrvDoc::Path>(std::make_shared<const Plexa::Compound>()));
+    document->Flush();
+    const auto before = ContentOf(*document).GetActiveErrors().GetAllErrors();
+    ASSERT_EQ(before.size(), 1u);
+    Save(*document);
+    EXPECT_EQ(ContentOf(*document).GetActiveErrors().GetAllErrors(), before);
+    while (OrvDoc::ContentObject* const object = ContentOf(*document).GetChildren().first) {
+        delete object->ExtractFromParent();
+    }
+    document->Flush();
+    EXPECT_THAT(ContentOf(*document).GetActiveErrors().GetAllErrors(), IsEmpty());
+}
+
+TEST_F(WriteDocument, FailsWithTheNameOfTheFileAndLeavesTheErrorsAlone)
+{
+    const auto document = NewDocument(1);
+    Fill(ContentOf(*document), std::make_unique<OrvDoc::Path>(std::make_shared<const Plexa::Compound>()));
+    const std::string file = folder.NameOf("missing/out.pdf");
+    try {
+        document->Save(file, full);
+        FAIL() << "a file was written into a folder that is not there";
+    } catch (const std::runtime_error& error) {
+        EXPECT_THAT(error.what(), ::testing::StartsWith(file + ": "));
+    }
+    EXPECT_THAT(ContentOf(*document).GetActiveErrors().GetAllErrors(), IsEmpty());
+}
+
+} // namespace
+} // namespace OrvPdf::Testing
