@@ -1,0 +1,162 @@
+#include "comparators/paint_comparison.h"
+
+#include "comparators/comparison_context.h"
+#include "support/document_makers.h"
+#include "support/recording_reporter.h"
+
+#include <orv_paint/paint.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <sstream>
+
+namespace HarrowSupport::Testing
+{
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace
+{
+
+/// A paint of any kind that uses the given separations.
+class BarePaint : public OrvPaint::Paint
+{
+public:
+    explicit BarePaint(Type givenType) : Paint(givenType) {}
+    OrvColor::ColorList<OrvColor::ColorantPolicy> GetColorants() const override { return {}; }
+};
+
+std::string Print(OrvPaint::Paint::Type type)
+{
+    std::ostringstream stream;
+    stream << type;
+    return stream.str();
+}
+
+void ExpectPaintReports(const PaintPointer& left, const PaintPointer& right,
+                        const std::vector<ExpectedReport>& expected)
+{
+    ExpectReports<OrvDoc::ContentObject>(*Filled(left), *Filled(right), expected);
+    ExpectReports<OrvDoc::ContentObject>(*Stroked(left), *Stroked(right), expected);
+}
+
+} // namespace
+
+TEST(ComparePaint, EqualColorsAreEqual)
+{
+    ExpectPaintReports(Flat(Tints({{"Cyan", 0.5f}})), Flat(Tints({{"Cyan", 0.5f}})), {});
+}
+
+TEST(ComparePaint, AnotherTintIsADifferenceOfColorAlone)
+{
+    ExpectPaintReports(Flat(Tints({{"Cyan", 0.5f}})), Flat(Tints({{"Cyan", 0.25f}})),
+                       {Difference("PaintColor", "(Cyan @ 50%)", "(Cyan @ 25%)")});
+}
+
+TEST(ComparePaint, AnotherNameIsADifferenceOfSpaceAndColor)
+{
+    ExpectPaintReports(Flat(Tints({{"Cyan", 0.5f}})), Flat(Tints({{"Spot", 0.5f}})),
+                       {Difference("PaintColorSpace", "(Cyan)", "(Spot)"),
+                        Difference("PaintColor", "(Cyan @ 50%)", "(Spot @ 50%)")});
+}
+
+TEST(ComparePaint, TheOrderOfSeparationsDoesNotCount)
+{
+    ExpectPaintReports(Flat(Tints({{"Cyan", 0.5f}, {"Spot", 1.0f}})),
+                       Flat(Tints({{"Spot", 1.0f}, {"Cyan", 0.5f}})), {});
+}
+
+TEST(ComparePaint, OverprintCounts)
+{
+    ExpectPaintReports(Flat(Tints({{"Cyan", 0.5f}}, true)), Flat(Tints({{"Cyan", 0.5f}})),
+                       {Difference("PaintColorSpace", "(Cyan) Overprint", "(Cyan)"),
+                        Difference("PaintColor", "(Cyan @ 50%) Overprint", "(Cyan @ 50%)")});
+}
+
+TEST(ComparePaint, RegistrationColorIsNoNamedColor)
+{
+    ExpectPaintReports(Flat(AllSeparations(0.5f)), Flat(Tints({{"All", 0.5f}})),
+                       {Difference("PaintColorSpace", "(All)", "(All)"),
+                        Difference("PaintColor", "(All @ 50%)", "(All @ 50%)")});
+}
+
+TEST(ComparePaint, TintsOfRegistrationColorAreCompared)
+{
+    ExpectPaintReports(Flat(AllSeparations(0.5f)), Flat(AllSeparations(1.0f)),
+                       {Difference("PaintColor", "(All @ 50%)", "(All @ 100%)")});
+}
+
+TEST(ComparePaint, OfAnotherKindHasNothingElseToCompare)
+{
+    using Type = OrvPaint::Paint::Type;
+    ExpectPaintReports(Flat(Tints({{"Cyan", 0.5f}})), std::make_shared<BarePaint>(Type::AxialShading),
+                       {Difference("PaintType", Print(Type::Flat), Print(Type::AxialShading))});
+}
+
+TEST(ComparePaint, AKindWithoutANumberOfItsOwnIsNotCompared)
+{
+    ExpectPaintReports(std::make_shared<BarePaint>(static_cast<OrvPaint::Paint::Type>(9)),
+                       std::make_shared<BarePaint>(static_cast<OrvPaint::Paint::Type>(9)), {});
+}
+
+TEST(ComparePaint, ANameThatOccursTwiceIsFoundTwice)
+{
+    ExpectPaintReports(Flat(Tints({{"a", 1.0f}, {"a", 1.0f}})), Flat(Tints({{"a", 1.0f}, {"a", 1.0f}})), {});
+    // From the left every name is found on the right; from the right one is not.
+    const auto twice = Filled(Flat(Tints({{"a", 1.0f}, {"a", 1.0f}})));
+    const auto both = Filled(Flat(Tints({{"a", 1.0f}, {"b", 1.0f}})));
+    EXPECT_THAT(CompareLines<OrvDoc::ContentObject>(*twice, *both), IsEmpty());
+    RecordingReporter reporter;
+    Comparators::Compare(reporter, static_cast<const OrvDoc::ContentObject&>(*both), *twice, AllOptions());
+    EXPECT_THAT(reporter.Labels(), ElementsAre("PaintColorSpace", "PaintColor"));
+}
+
+TEST(ComparePaint, SharedPaintsWithADifferenceAreReportedForEachObject)
+{
+    const PaintPointer left = Flat(Tints({{"Cyan", 0.5f}}));
+    const PaintPointer right = Flat(Tints({{"Cyan", 0.25f}}));
+    const auto leftDocument = NewDocument();
+    const auto rightDocument = NewDocument();
+    Fill(ContentOf(*leftDocument), Filled(left), Filled(left), Stroked(left));
+    Fill(ContentOf(*rightDocument), Filled(right), Filled(right), Stroked(right));
+    RecordingReporter reporter;
+    Comparators::Compare(reporter, *leftDocument, *rightDocument, AllOptions());
+    EXPECT_THAT(reporter.Labels(), ElementsAre("PaintColor", "PaintColor", "PaintColor"));
+}
+
+TEST(ComparePaint, APaintThatIsNoNumberDiffersFromItselfEachTime)
+{
+    const PaintPointer paint = Flat(Tints({{"Cyan", std::nanf("")}}));
+    const auto document = NewDocument();
+    Fill(ContentOf(*document), Filled(paint), Filled(paint));
+    RecordingReporter reporter;
+    Comparators::Compare(reporter, *document, *document, AllOptions());
+    EXPECT_THAT(reporter.Labels(), ElementsAre("PaintColor", "PaintColor"));
+}
+
+TEST(ComparePaint, ManyPaintsInTurnAreToldApart)
+{
+    // More pairs than the memory of equal ones holds, met in turn, with one pair that differs among them.
+    std::vector<PaintPointer> left;
+    std::vector<PaintPointer> right;
+    for (int i = 0; i < 100; ++i) {
+        left.push_back(Flat(Tints({{"Cyan", 0.001f * static_cast<float>(i)}})));
+        right.push_back(Flat(Tints({{"Cyan", i == 57 ? 1.0f : 0.001f * static_cast<float>(i)}})));
+    }
+    const auto leftDocument = NewDocument();
+    const auto rightDocument = NewDocument();
+    for (int round = 0; round < 3; ++round) {
+        for (std::size_t i = 0; i < left.size(); ++i) {
+            Fill(ContentOf(*leftDocument), Filled(left[i]));
+            Fill(ContentOf(*rightDocument), Filled(right[i]));
+        }
+    }
+    RecordingReporter reporter;
+    Comparators::Compare(reporter, *leftDocument, *rightDocument, AllOptions());
+    EXPECT_THAT(reporter.Labels(), ElementsAre("PaintColor", "PaintColor", "PaintColor"));
+}
+
+} // namespace HarrowSupport::Testing
