@@ -1,0 +1,47 @@
+#include <harrow_support/round_trip.h>
+
+#include <string>
+#include <utility>
+
+#include <boost/filesystem/operations.hpp>
+#include <boost/filesystem/path.hpp>
+
+#include <orv_doc/document.h>
+#include <orv_doc/properties.h>
+
+#include "round_trip/remove_file.h"
+
+namespace HarrowSupport
+{
+
+namespace
+{
+
+boost::filesystem::path MakeTemporaryPath(boost::string_view name)
+{
+    std::string model = "Harrow-";
+    model.append(name.data(), name.size());
+    model.append("-%%%%-%%%%-%%%%-%%%%.pdf");
+    const boost::filesystem::path unique =
+        boost::filesystem::unique_path(boost::filesystem::path(model, boost::filesystem::path::codecvt()));
+    boost::filesystem::path path = boost::filesystem::temp_directory_path();
+    path /= unique;
+    return path;
+}
+
+} // namespace
+
+void SaveAndReopen(std::unique_ptr<OrvDoc::Document>& document, boost::string_view name,
+                   const OrvDoc::WriteOptions& writeOptions, const OrvDoc::ReadOptions& readOptions)
+{
+    boost::filesystem::path path = MakeTemporaryPath(name);
+    document->Save(path, writeOptions);
+    // Before the file is read, so that no two documents exist side by side.
+    document.reset();
+    document = OrvDoc::Document::Create(path, readOptions);
+    OrvDoc::Properties& properties = document->GetProperties();
+    auto removeFile = std::make_shared<RemoveFile>(std::move(path));
+    properties.Set(RemoveFileKey, std::move(removeFile));
+}
+
+} // namespace HarrowSupport
