@@ -1,0 +1,96 @@
+// Takes a PDF file through the model and back, and compares what comes back with the original.
+
+#include "support/command_line.h"
+#include "support/error_list.h"
+#include "support/line_reporter.h"
+#include "support/run_program.h"
+
+#include <harrow_support/comparators.h>
+#include <harrow_support/round_trip.h>
+
+#include <orv_doc/document.h>
+#include <orv_doc/page.h>
+#include <orv_doc/read_options.h>
+#include <orv_doc/write_options.h>
+
+#include <boost/filesystem/operations.hpp>
+
+#include <cstdint>
+#include <iostream>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+constexpr char usage[] = R"(usage: save_and_reopen [OPTION...] FILE
+
+Reads a PDF file, saves it to a temporary file, reads that one and compares: the file as it is on the left, what
+came back on the right. Each report is a line as compare_documents writes it. Before them stands a line
+
+    error <place> <text>
+
+with tabs between the fields, for each thing of the file that could not be read into the model or written from it.
+The last line on standard error counts both.
+
+    --password TEXT         password of the file, if it is encrypted
+    --keep NEW              also keeps what was saved, under this name; a file of that name is replaced
+    --rewrite               writes the content of every page anew from the model; without it, a page that holds
+                            something that could not be read into the model keeps the content of the file
+    --help                  writes this text
+
+Exit code: 0 if what came back is equal, 1 if it differs, 2 if the file could not be read, saved or read again;
+standard error then says why, and nothing is written to standard output.
+)";
+
+std::string Count(std::uint64_t count, const std::string& noun)
+{
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+void MarkContentsChanged(OrvDoc::Document& document)
+{
+    for (auto page = document.GetPagesBegin(); page != document.GetPagesEnd(); ++page)
+        page->GetContent().MarkChanged();
+}
+
+Examples::ExitCode MakeRoundTrip(const std::vector<std::string>& arguments, std::ostream& output)
+{
+    const Examples::CommandLine commandLine =
+        Examples::ReadCommandLine(arguments, {{"--password", "--keep"}, {"--rewrite"}, {"FILE"}});
+    const std::string& file = commandLine.operands[0];
+    const std::string keptFile = commandLine.GetOption("--keep");
+    OrvDoc::ReadOptions readOptions;
+    readOptions.password = commandLine.GetOption("--password");
+
+    auto document = OrvDoc::Document::Create(file, readOptions);
+    if (commandLine.HasOption("--rewrite"))
+        MarkContentsChanged(*document);
+    // Saving destroys the document and its errors with it, so the errors of writing are asked for before.
+    document->Flush();
+    const std::uint64_t errorCount = Examples::WriteActiveErrors(output, *document);
+    HarrowSupport::SaveAndReopen(document, "save_and_reopen",
+                                 OrvDoc::WriteOptions(OrvDoc::WriteOptions::Flavour::Full), readOptions);
+
+    const auto original = OrvDoc::Document::Create(file, readOptions);
+    Examples::LineReporter reporter(output, *original, *document);
+    HarrowSupport::Comparators::Compare(reporter, *original, *document, Examples::StrictestOptions());
+
+    if (!keptFile.empty()) {
+        // The temporary file goes with the document.
+        boost::filesystem::copy_file(document->GetFilePath(), keptFile,
+                                     boost::filesystem::copy_options::overwrite_existing);
+    }
+    std::cerr << "save_and_reopen: " << Count(errorCount, "active error") << ", "
+              << Count(reporter.GetDifferenceCount(), "difference") << "\n";
+    return reporter.GetDifferenceCount() == 0 ? Examples::ExitCode::Equal : Examples::ExitCode::Different;
+}
+
+} // namespace
+
+int main(int argumentCount, char** arguments)
+{
+    return Examples::RunProgram("save_and_reopen", usage, argumentCount, arguments, MakeRoundTrip);
+}

@@ -1,0 +1,173 @@
+// Runs the example programs over a folder of real files, sound and damaged ones: that of HARROW_CORPUS_DIR in
+// the environment, or else the one that the build was configured with. Each program runs in a process of its
+// own, so that a file that brings one down does not take the others with it. The table of outcomes goes to
+// standard output and to corpus-outcomes.tsv in the build folder.
+
+#include "support/corpus_run.h"
+
+#include <boost/filesystem/operations.hpp>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdint>
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace HarrowSupport::Testing
+{
+namespace
+{
+
+using ::testing::AnyOf;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+std::string CorpusFolder()
+{
+    const char* folder = std::getenv("HARROW_CORPUS_DIR");
+    return folder != nullptr ? folder : HARROW_CORPUS_FOLDER;
+}
+
+/// Ten seconds and a gibibyte are far more than any file of the corpus needs that is not out for harm.
+ProcessLimits CorpusLimits()
+{
+    ProcessLimits limits;
+#if defined(__SANITIZE_ADDRESS__)
+    limits.time = std::chrono::seconds(60);
+#else
+    limits.time = std::chrono::seconds(10);
+    limits.addressSpace = std::uint64_t(1) << 30;
+#endif
+    return limits;
+}
+
+class Corpus : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        if (!boost::filesystem::is_directory(CorpusFolder()))
+            return;
+        outcomes = RunOverFolder(CorpusFolder(), CorpusLimits());
+        remarks = ReadRemarks(CorpusFolder());
+        if (outcomes.empty())
+            return;
+        WriteAlignedTable(std::cout, outcomes);
+        std::ofstream table(HARROW_EXAMPLES_FOLDER "/../corpus-outcomes.tsv");
+        WriteTable(table, outcomes);
+    }
+
+    void SetUp() override
+    {
+        if (!boost::filesystem::is_directory(CorpusFolder())) {
+            GTEST_SKIP() << "there is no folder " << CorpusFolder()
+                         << "; HARROW_CORPUS_DIR names another folder of PDF files";
+        }
+        ASSERT_FALSE(outcomes.empty()) << "there is no PDF file in " << CorpusFolder();
+    }
+
+    static std::vector<CorpusOutcome> outcomes;
+    static std::map<std::string, std::string> remarks;
+};
+
+std::vector<CorpusOutcome> Corpus::outcomes;
+std::map<std::string, std::string> Corpus::remarks;
+
+void ExpectAnAnswer(const ProcessResult& result)
+{
+    EXPECT_THAT(Ending(result), AnyOf("0", "1", "2")) << result.errors;
+    // The memory that a file may ask for is limited by the reader, before the system has to refuse it.
+    EXPECT_THAT(result.errors, Not(HasSubstr("bad_alloc")));
+    if (result.exitCode == 2) {
+        EXPECT_EQ(result.output, "");
+        EXPECT_NE(result.errors, "");
+    }
+}
+
+/// The message of a program without the program's name.
+std::string Reason(const ProcessResult& result)
+{
+    const std::size_t colon = result.errors.find(": ");
+    return colon == std::string::npos ? result.errors : result.errors.substr(colon + 2);
+}
+
+TEST_F(Corpus, EveryFileGetsAnAnswerInTimeAndMemory)
+{
+    for (const CorpusOutcome& outcome : outcomes) {
+        SCOPED_TRACE(outcome.file);
+        ExpectAnAnswer(outcome.roundTrip.process);
+        ExpectAnAnswer(outcome.rewritten.process);
+        ExpectAnAnswer(outcome.comparisonWithItself);
+    }
+}
+
+TEST_F(Corpus, EveryFileThatOpensEqualsItself)
+{
+    for (const CorpusOutcome& outcome : outcomes) {
+        SCOPED_TRACE(outcome.file);
+        if (outcome.roundTrip.process.exitCode == 2) {
+            EXPECT_EQ(outcome.comparisonWithItself.exitCode, 2);
+            EXPECT_EQ(Reason(outcome.comparisonWithItself), Reason(outcome.roundTrip.process));
+        } else {
+            EXPECT_EQ(outcome.comparisonWithItself.exitCode, 0) << outcome.comparisonWithItself.output;
+        }
+    }
+}
+
+TEST_F(Corpus, EverySoundFileOpens)
+{
+    if (remarks.empty())
+        GTEST_SKIP() << "the folder has no MANIFEST.tsv that tells sound files from damaged ones";
+    for (const CorpusOutcome& outcome : outcomes) {
+        SCOPED_TRACE(outcome.file);
+        const auto remark = remarks.find(outcome.file);
+        ASSERT_NE(remark, remarks.end()) << "the manifest does not name the file";
+        const bool mayFail = remark->second.find("qpdf --check fails") != std::string::npos ||
+                             remark->second.find("must fail politely") != std::string::npos;
+        if (!mayFail) {
+            EXPECT_NE(outcome.roundTrip.process.exitCode, 2) << outcome.roundTrip.process.errors;
+        }
+    }
+}
+
+TEST_F(Corpus, EveryFileComesBackEqual)
+{
+    for (const CorpusOutcome& outcome : outcomes) {
+        SCOPED_TRACE(outcome.file);
+        EXPECT_NE(outcome.roundTrip.process.exitCode, 1) << outcome.roundTrip.process.output;
+    }
+}
+
+TEST_F(Corpus, EveryFileComesBackEqualWhenItsContentsAreWrittenAnew)
+{
+    for (const CorpusOutcome& outcome : outcomes) {
+        SCOPED_TRACE(outcome.file);
+        EXPECT_EQ(outcome.rewritten.process.exitCode, outcome.roundTrip.process.exitCode)
+            << outcome.rewritten.process.output;
+    }
+}
+
+void ExpectCleanToQpdf(const RoundTripOutcome& outcome)
+{
+    EXPECT_THAT(Verdict(outcome), AnyOf("clean", "-")) << outcome.check.output << outcome.check.errors;
+}
+
+TEST_F(Corpus, EverySavedFileIsCleanToQpdf)
+{
+    for (const CorpusOutcome& outcome : outcomes) {
+        SCOPED_TRACE(outcome.file);
+        if (Verdict(outcome.roundTrip) == "no qpdf")
+            GTEST_SKIP() << "qpdf, which this test asks, is not installed";
+        ExpectCleanToQpdf(outcome.roundTrip);
+        ExpectCleanToQpdf(outcome.rewritten);
+    }
+}
+
+} // namespace
+} // namespace HarrowSupport::Testing

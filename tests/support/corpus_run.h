@@ -1,0 +1,61 @@
+#pragma once
+
+#include "support/child_process.h"
+
+#include <cstddef>
+#include <iosfwd>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace HarrowSupport::Testing
+{
+
+/// A run of save_and_reopen.
+struct RoundTripOutcome
+{
+    ProcessResult process;
+    /// `qpdf --check` on what was saved.
+    ProcessResult check;
+    /// Whether there was a saved file to check.
+    bool isSaved = false;
+    /// Lines of the output.
+    std::size_t activeErrors = 0;
+    std::size_t differences = 0;
+};
+
+/// What became of one file.
+struct CorpusOutcome
+{
+    /// Relative to the folder, with forward slashes.
+    std::string file;
+    /// `save_and_reopen FILE`.
+    RoundTripOutcome roundTrip;
+    /// `save_and_reopen --rewrite FILE`.
+    RoundTripOutcome rewritten;
+    /// `compare_documents FILE FILE`.
+    ProcessResult comparisonWithItself;
+};
+
+/// Runs over all files `*.pdf` below a folder, each program in a process of its own within the limits,
+/// several files at once. The result is sorted by file name.
+/// @throws what RunProcess and the file system throw
+std::vector<CorpusOutcome> RunOverFolder(const std::string& folder, const ProcessLimits& limits);
+
+/// How a process ended in a word or two: "0", "signal 11", "out of time".
+std::string Ending(const ProcessResult& result);
+
+/// What qpdf says: "clean", "warnings", "errors", "signal 11" or the like, "-" if nothing was saved, "no
+/// qpdf" if it is not installed.
+std::string Verdict(const RoundTripOutcome& outcome);
+
+/// A line for each file with tabs between the columns, below a line with the columns' names.
+void WriteTable(std::ostream& stream, const std::vector<CorpusOutcome>& outcomes);
+
+/// The same with the columns made straight by blanks.
+void WriteAlignedTable(std::ostream& stream, const std::vector<CorpusOutcome>& outcomes);
+
+/// The column `remark` of the folder's MANIFEST.tsv by file; empty if the folder has none.
+std::map<std::string, std::string> ReadRemarks(const std::string& folder);
+
+} // namespace HarrowSupport::Testing
