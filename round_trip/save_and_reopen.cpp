@@ -29,6 +29,26 @@ boost::filesystem::path MakeTemporaryPath(boost::string_view name)
     return path;
 }
 
+/// A share in the file's owner while the document is about to take it over. Unless it is let go of, it takes
+/// the path away from the owner: a file that no document came to own stays on disk.
+class PassingShare
+{
+public:
+    explicit PassingShare(const std::shared_ptr<RemoveFile>& file) : owner(file) {}
+    ~PassingShare()
+    {
+        if (owner != nullptr)
+            owner->path.clear();
+    }
+    PassingShare(const PassingShare&) = delete;
+    PassingShare& operator=(const PassingShare&) = delete;
+
+    void LetGo() { owner.reset(); }
+
+private:
+    std::shared_ptr<RemoveFile> owner;
+};
+
 } // namespace
 
 void SaveAndReopen(std::unique_ptr<OrvDoc::Document>& document, boost::string_view name,
@@ -41,7 +61,9 @@ void SaveAndReopen(std::unique_ptr<OrvDoc::Document>& document, boost::string_vi
     document = OrvDoc::Document::Create(path, readOptions);
     OrvDoc::Properties& properties = document->GetProperties();
     auto removeFile = std::make_shared<RemoveFile>(std::move(path));
+    PassingShare share(removeFile);
     properties.Set(RemoveFileKey, std::move(removeFile));
+    share.LetGo();
 }
 
 } // namespace HarrowSupport

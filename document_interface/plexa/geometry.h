@@ -24,7 +24,7 @@ GetRectangleCompound(const RectangleBase<MilliPointCoordinateSystem>& rectangle)
 /// The identity keeps every bit and shares the subpaths. Null for null. Linear in the points.
 ORV_EXPORT std::shared_ptr<const Compound>
 operator*(const TransformationBase<MilliPointCoordinateSystem>& transformation,
-          const std::shared_ptr<const Compound>& compound);
+          std::shared_ptr<const Compound> compound);
 
 /// The length of the vector from the origin to the point. No overflow on the way. NaN if a coordinate is
 /// and the other one is not infinite.

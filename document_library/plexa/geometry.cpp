@@ -44,7 +44,7 @@ GetRectangleCompound(const RectangleBase<MilliPointCoordinateSystem>& rectangle)
 
 std::shared_ptr<const Compound>
 operator*(const TransformationBase<MilliPointCoordinateSystem>& transformation,
-          const std::shared_ptr<const Compound>& compound)
+          std::shared_ptr<const Compound> compound) // NOLINT(performance-unnecessary-value-param)
 {
     if (!compound)
         return nullptr;

@@ -147,6 +147,32 @@ TEST(Reporter, ThrowingFromReportEndsTheComparison)
     EXPECT_THAT(reporter.Lines(), ElementsAre("ObjectName: 'a' vs 'A'", "ObjectName: 'b' vs 'B'"));
 }
 
+TEST(Options, AreCopiedWhenAComparisonBegins)
+{
+    class OptionsChanger : public RecordingReporter
+    {
+    public:
+        explicit OptionsChanger(Comparators::Options& given) : options(given) {}
+        void Report(Comparators::ReportKind kind, const std::string& label,
+                    const Comparators::LocationPath& left, const Comparators::LocationPath& right,
+                    const std::string& text) override
+        {
+            RecordingReporter::Report(kind, label, left, right, text);
+            options.compareSeparationInfo = false;
+        }
+
+    private:
+        Comparators::Options& options;
+    };
+    const auto left = NewDocument();
+    left->SetOutputIntent(OrvColor::OutputIntent());
+    left->SetSeparationInfo({Separation("Spot")});
+    Comparators::Options options = AllOptions();
+    OptionsChanger reporter(options);
+    Comparators::Compare(reporter, *left, *NewDocument(), options);
+    EXPECT_THAT(reporter.Labels(), ElementsAre("OutputIntent", "SeparationInfo"));
+}
+
 TEST(Reporter, CopiesOfADerivedClassShareNothing)
 {
     RecordingReporter original;

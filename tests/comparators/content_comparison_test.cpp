@@ -192,6 +192,18 @@ TEST_F(ContentPair, AMismatchOfClassesEndsTheWalk)
     EXPECT_FALSE(WalkCompletes());
 }
 
+TEST_F(ContentPair, APathAndATextInTheOtherOrderAreNotMatchedUp)
+{
+    const auto text = [](const std::string& name) {
+        return Named(std::make_unique<OrvDoc::Text>(std::vector<OrvDoc::TextCharacter>(), nullptr, 12.0),
+                     name);
+    };
+    Fill(Left(), Square("path"), text("text"));
+    Fill(Right(), text("text"), Square("path"));
+    ExpectContentReports({Difference("ObjectType", "OrvDoc::Path", "OrvDoc::Text")});
+    EXPECT_FALSE(WalkCompletes());
+}
+
 TEST_F(ContentPair, AMismatchInsideAGroupEndsTheWalkAboveItToo)
 {
     Fill(Left(), With(NamedGroup("g"), Square("a")), Square("after"));

@@ -195,6 +195,21 @@ TEST(CompareLayers, BeingALabelledGroupCounts)
     ExpectBothWays(*left, *right, "LayerConfiguration");
 }
 
+TEST(CompareLayers, TheLabelOfTheGroupAroundALayerCounts)
+{
+    const auto withGroup = [](const std::string& label) {
+        auto document = NewDocument();
+        OrvDoc::Layers& layers = document->GetLayers();
+        const std::shared_ptr<OrvDoc::LayerProperties> group = layers.CreateGroup(label);
+        layers.GetDefaultConfiguration().SetOrder({{group, {{layers.AddUnorderedLayer("cut"), {}}}}});
+        // The layer keeps the label that it was ordered under.
+        group->SetName("Dies");
+        return document;
+    };
+    ExpectBothWays(*withGroup("Dies"), *withGroup("Embossing"), "LayerConfiguration");
+    ExpectReports(*withGroup("Dies"), *withGroup("Dies"), {});
+}
+
 TEST(CompareLayers, LayersAreReportedWithEmptyPaths)
 {
     RecordingReporter reporter;

@@ -33,6 +33,14 @@ std::unique_ptr<OrvDoc::Image> NewImage()
     return std::make_unique<OrvDoc::Image>(nullptr);
 }
 
+/// An image of a picture that nobody can look into.
+std::unique_ptr<OrvDoc::Image> ImageOf(const int& picture)
+{
+    const std::shared_ptr<const void> noOwner;
+    return std::make_unique<OrvDoc::Image>(std::shared_ptr<const OrvImg::PaintedPicture>(
+        noOwner, reinterpret_cast<const OrvImg::PaintedPicture*>(&picture)));
+}
+
 std::unique_ptr<OrvDoc::ImageMask> NewImageMask()
 {
     return std::make_unique<OrvDoc::ImageMask>(nullptr);
@@ -210,8 +218,10 @@ TEST(CompareObjects, ImagesWithOtherPicturesAreEqualWithoutImageData)
 {
     Comparators::Options options = AllOptions();
     options.compareImageData = false;
-    ExpectReports<OrvDoc::ContentObject>(*Named(NewImage(), "i"), *Named(NewImage(), "i"), {}, options);
-    ExpectReports<OrvDoc::ContentObject>(*Named(NewImage(), "i"), *Named(NewImage(), "j"),
+    const int pictures[2] = {};
+    ExpectReports<OrvDoc::ContentObject>(*Named(ImageOf(pictures[0]), "i"), *Named(ImageOf(pictures[1]), "i"),
+                                         {}, options);
+    ExpectReports<OrvDoc::ContentObject>(*Named(ImageOf(pictures[0]), "i"), *Named(ImageOf(pictures[1]), "j"),
                                          {Difference("ObjectName", "i", "j")}, options);
 }
 
@@ -220,6 +230,45 @@ TEST(CompareObjects, HalftonesOfImagesAreCompared)
     const auto left = NewImage();
     left->SetHalftoneSet(std::make_shared<OrvDoc::HalftoneSet>("Round", OrvSys::PdfObject()));
     ExpectObjectReports(*left, *NewImage(), {Difference("ObjectHalftoneSet", "1", "0")});
+}
+
+TEST(CompareObjects, ClassesMetBeforeAreJudgedAsAtTheirFirstMeeting)
+{
+    std::vector<std::unique_ptr<OrvDoc::ContentObject>> objects;
+    objects.push_back(Filling(Square("a"), Black()));
+    objects.push_back(std::make_unique<ForeignPath>(Square()->DefiningCompound()));
+    objects.push_back(Stroking(NewText(), Black()));
+    objects.push_back(std::make_unique<OrvDoc::TextGroup>());
+    objects.push_back(std::make_unique<ForeignTextGroup>());
+    objects.push_back(Moved(ImplicitGroup(), 500.0, 0.0));
+    objects.push_back(UserGroup());
+    objects.push_back(std::make_unique<ForeignGroup>(OrvDoc::Group::Flags::Default));
+    objects.push_back(NewImage());
+    objects.push_back(NewImageMask());
+    objects.push_back(std::make_unique<UnknownObject>());
+    objects.push_back(std::make_unique<UnknownFillable>());
+    objects.push_back(std::make_unique<UnknownStrokable>());
+
+    const auto outcome = [](Comparators::ComparisonContext& context, const OrvDoc::ContentObject& left,
+                            const OrvDoc::ContentObject& right) {
+        Comparators::DifferenceScope<OrvDoc::ContentObject> scope(left, right);
+        std::vector<std::string> labels = {Comparators::CompareObjects(context, scope) ? "goes on" : "ends"};
+        for (const Comparators::PendingDifference& difference : scope.differences)
+            labels.push_back(difference.label);
+        return labels;
+    };
+    RecordingReporter reporter;
+    Comparators::ComparisonContext context(reporter, AllOptions());
+    for (int round = 0; round < 2; ++round) {
+        for (std::size_t left = 0; left < objects.size(); ++left) {
+            for (std::size_t right = 0; right < objects.size(); ++right) {
+                Comparators::ComparisonContext fresh(reporter, AllOptions());
+                EXPECT_EQ(outcome(context, *objects[left], *objects[right]),
+                          outcome(fresh, *objects[left], *objects[right]))
+                    << left << " against " << right << " in round " << round;
+            }
+        }
+    }
 }
 
 TEST_F(UncoloredPattern, AnImageIsReportedEvenIfItIsEqual)

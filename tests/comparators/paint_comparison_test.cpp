@@ -159,4 +159,57 @@ TEST(ComparePaint, ManyPaintsInTurnAreToldApart)
     EXPECT_THAT(reporter.Labels(), ElementsAre("PaintColor", "PaintColor", "PaintColor"));
 }
 
+TEST(ComparePaint, PairsMetBeforeAreJudgedAsAtTheirFirstMeeting)
+{
+    // More pairs than the memory of equal ones has room for, with paints that are equal to one another in
+    // part.
+    const float step = 0.75e-5f;
+    const std::vector<PaintPointer> paints = {Flat(Tints({{"a", 0.5f}})),
+                                              Flat(Tints({{"a", 0.5f}})),
+                                              Flat(Tints({{"a", 0.5f + step}})),
+                                              Flat(Tints({{"a", 0.5f + 2.0f * step}})),
+                                              Flat(Tints({{"a", 0.5f}}, true)),
+                                              Flat(Tints({{"a", std::nanf("")}})),
+                                              Flat(Tints({{"a", 0.0f}})),
+                                              Flat(Tints({{"a", -0.0f}})),
+                                              Flat(Tints({{"a", 0.5f}, {"a", 0.5f}})),
+                                              Flat(Tints({{"a", 0.5f}, {"b", 0.5f}})),
+                                              Flat(AllSeparations(0.5f)),
+                                              Flat(Tints({}))};
+    RecordingReporter reporter;
+    Comparators::ComparisonContext context(reporter, AllOptions());
+    const auto object = Square();
+    const auto labels = [&object](Comparators::ComparisonContext& chosen, const PaintPointer& left,
+                                  const PaintPointer& right) {
+        Comparators::DifferenceScope<OrvDoc::ContentObject> scope(*object, *object);
+        Comparators::ComparePaint(chosen, left, right, scope);
+        std::vector<std::string> found;
+        for (const Comparators::PendingDifference& difference : scope.differences)
+            found.push_back(difference.label);
+        return found;
+    };
+    for (int round = 0; round < 3; ++round) {
+        for (std::size_t left = 0; left < paints.size(); ++left) {
+            for (std::size_t right = 0; right < paints.size(); ++right) {
+                Comparators::ComparisonContext fresh(reporter, AllOptions());
+                EXPECT_EQ(labels(context, paints[left], paints[right]),
+                          labels(fresh, paints[left], paints[right]))
+                    << left << " against " << right << " in round " << round;
+            }
+        }
+    }
+}
+
+TEST(ComparePaint, ColorsCloseToAThirdAreNotCloseToEachOther)
+{
+    const PaintPointer low = Flat(Tints({{"a", 0.0f}}));
+    const PaintPointer middle = Flat(Tints({{"a", 0.75e-5f}}));
+    const PaintPointer high = Flat(Tints({{"a", 1.5e-5f}}));
+    const auto left = NewDocument();
+    const auto right = NewDocument();
+    Fill(ContentOf(*left), Filled(low), Filled(middle), Filled(low));
+    Fill(ContentOf(*right), Filled(middle), Filled(high), Filled(high));
+    ExpectReports(*left, *right, {Difference("PaintColor", "(a @ 0%)", "(a @ 0%)")});
+}
+
 } // namespace HarrowSupport::Testing

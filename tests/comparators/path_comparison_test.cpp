@@ -13,7 +13,9 @@
 
 #include <cmath>
 #include <functional>
+#include <limits>
 #include <sstream>
+#include <vector>
 
 namespace HarrowSupport::Testing
 {
@@ -84,6 +86,51 @@ void ExpectObjectReports(const OrvDoc::ContentObject& left, const OrvDoc::Conten
                          const std::vector<ExpectedReport>& expected)
 {
     ExpectReports<OrvDoc::ContentObject>(left, right, expected);
+}
+
+/// The reports about the shapes of two paths by the plain rule: the final shapes decide, the given ones are
+/// told.
+std::vector<std::string> PlainlyCompared(const OrvDoc::Path& left, const OrvDoc::Path& right)
+{
+    const auto word = [](Plexa::WindingRule rule) {
+        return std::string(rule == Plexa::WindingRule::EvenOdd ? "EvenOdd" : "NonZero");
+    };
+    std::vector<std::string> lines;
+    const Shape leftShape = left.TransformedCompound(nullptr);
+    const Shape rightShape = right.TransformedCompound(nullptr);
+    if (leftShape->GetWindingRule() != rightShape->GetWindingRule())
+        lines.push_back("ObjectWindingRule: '" + word(leftShape->GetWindingRule()) + "' vs '" +
+                        word(rightShape->GetWindingRule()) + "'");
+    const std::string leftText = Print(left.DefiningCompound());
+    const std::string rightText = Print(right.DefiningCompound());
+    if (!Comparators::CompareCompounds(*leftShape, *rightShape) && leftText != rightText)
+        lines.push_back("ObjectShape: '" + leftText + "' vs '" + rightText + "'");
+    return lines;
+}
+
+/// Shapes whose numbers are equal, close or unlike in every way that numbers can be.
+std::vector<Shape> PeculiarShapes()
+{
+    const double quiet = std::nan("");
+    const double payload = std::nan("7");
+    const double infinity = std::numeric_limits<double>::infinity();
+    std::vector<Shape> shapes = {std::make_shared<const Plexa::Compound>(),
+                                 Draw([](CompoundBuilder& builder) { builder.MoveTo(Point(0.0, 0.0)); })};
+    for (double x :
+         {0.0, -0.0, 29.9, 30.0, std::nextafter(30.0, 0.0), quiet, -quiet, payload, infinity, -infinity}) {
+        shapes.push_back(LineTo(x, 0.0));
+        shapes.push_back(LineTo(1.0, x));
+        shapes.push_back(CurveTo(Point(x, 0.0), Point(0.0, 0.0), Point(0.0, 0.0)));
+        shapes.push_back(CurveTo(Point(quiet, 0.0), Point(0.0, x), Point(0.0, 0.0)));
+        const auto closed = [x](CompoundBuilder& builder) {
+            builder.MoveTo(Point(x, 0.0));
+            builder.Close();
+        };
+        shapes.push_back(Draw(closed));
+        shapes.push_back(Draw(closed, Plexa::WindingRule::EvenOdd));
+        shapes.push_back(Both(shapes.back(), LineTo(x, quiet)));
+    }
+    return shapes;
 }
 
 void DrawTriangle(CompoundBuilder& builder)
@@ -251,6 +298,44 @@ TEST(ComparePath, ShapesGivenAlikeAreNeverReported)
 {
     const Shape shape = LineTo(std::nan(""), 0.0);
     ExpectObjectReports(*PathOf(shape), *PathOf(LineTo(std::nan(""), 0.0)), {});
+}
+
+TEST(ComparePath, ReportsWhatThePlainRuleSays)
+{
+    // Pairs that are given alike take a shorter way, which nobody may notice.
+    const std::vector<Matrix> matrices = {Matrix(), Matrix(1.0, 0.0, 0.0, 1.0, 500.0, 0.0),
+                                          Matrix(0.0, 0.0, 0.0, 0.0, 0.0, 0.0),
+                                          Matrix(std::nan(""), 0.0, 0.0, 1.0, 0.0, 0.0)};
+    std::vector<std::unique_ptr<OrvDoc::Path>> paths;
+    for (const Shape& shape : PeculiarShapes()) {
+        for (const Matrix& matrix : matrices) {
+            paths.push_back(PathOf(shape));
+            paths.back()->SetTransformation(matrix);
+        }
+    }
+    std::size_t reported = 0;
+    for (const auto& left : paths) {
+        for (const auto& right : paths) {
+            std::vector<std::string> lines;
+            for (const std::string& line : CompareLines<OrvDoc::ContentObject>(*left, *right)) {
+                if (line.rfind("ObjectAbsoluteTransformation", 0) != 0)
+                    lines.push_back(line);
+            }
+            ASSERT_EQ(lines, PlainlyCompared(*left, *right));
+            reported += lines.size();
+        }
+    }
+    EXPECT_GT(reported, 0u);
+}
+
+TEST(ComparePath, BothZerosAreOneUnlessTheShapeIsToldForAnotherReason)
+{
+    ExpectObjectReports(*PathOf(LineTo(0.0, 0.0)), *PathOf(LineTo(-0.0, 0.0)), {});
+    // Infinite numbers match nothing, themselves included.
+    const Shape left = LineTo(0.0, std::numeric_limits<double>::infinity());
+    const Shape right = LineTo(-0.0, std::numeric_limits<double>::infinity());
+    ExpectObjectReports(*PathOf(left), *PathOf(right),
+                        {Difference("ObjectShape", Print(left), Print(right))});
 }
 
 TEST(ComparePath, ComesAfterThePaints)

@@ -2,11 +2,18 @@
 
 #include "support/document_makers.h"
 #include "support/recording_reporter.h"
+#include "support/temporary_folder.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <stdexcept>
 
 namespace HarrowSupport::Testing
 {
+
+using ::testing::Each;
+using ::testing::ElementsAre;
 
 namespace
 {
@@ -30,6 +37,42 @@ std::unique_ptr<OrvDoc::Document> Strokes(int count, float tint)
         Fill(ContentOf(*document), With(NamedGroup("g"), Stroked(paint)));
     return document;
 }
+
+/// Documents that were read from files.
+class PagesOfFiles : public ::testing::Test
+{
+protected:
+    /// A page with one path for each of the paints.
+    std::unique_ptr<OrvDoc::Document> Read(const std::vector<PaintPointer>& paints)
+    {
+        const auto document = NewDocument(paints.size());
+        for (std::size_t i = 0; i < paints.size(); ++i)
+            Fill(ContentOf(*document, i), Filled(paints[i]));
+        return Reread(*document);
+    }
+
+    std::unique_ptr<OrvDoc::Document> Reread(OrvDoc::Document& document)
+    {
+        const std::string file = folder.NameOf(std::to_string(++fileCount) + ".pdf");
+        document.Save(file, OrvDoc::WriteOptions(OrvDoc::WriteOptions::Flavour::Full));
+        return OrvDoc::Document::Create(file, OrvDoc::ReadOptions());
+    }
+
+    /// For each page, whether its content has been interpreted.
+    static std::vector<bool> Interpreted(const OrvDoc::Document& document)
+    {
+        std::vector<bool> result;
+        for (auto page = document.GetPagesBegin(); page != document.GetPagesEnd(); ++page)
+            result.push_back(page->IsContentLoaded());
+        return result;
+    }
+
+    const PaintPointer paint = Flat(Tints({{"Cyan", 0.5f}}));
+
+private:
+    TemporaryFolder folder;
+    int fileCount = 0;
+};
 
 } // namespace
 
@@ -56,6 +99,92 @@ TEST(Work, EachDifferenceBuildsOneText)
 TEST(Work, NoPairIsComparedBehindAnotherPageCount)
 {
     EXPECT_EQ(WorkOf(*Strokes(100, 0.5f), *NewDocument(2)).pairsCompared, 0u);
+}
+
+TEST(Work, NoPairIsComparedBehindAMismatchOfClasses)
+{
+    const auto left = NewDocument(2);
+    const auto right = NewDocument(2);
+    Fill(ContentOf(*left), Square("same"), Square("path"), Square("after"));
+    Fill(ContentOf(*right), Square("same"), UserGroup(), Square("after"));
+    Fill(ContentOf(*left, 1), Square());
+    Fill(ContentOf(*right, 1), Square());
+    EXPECT_EQ(WorkOf(*left, *right).pairsCompared, 2u);
+}
+
+TEST(Work, NoPairIsComparedBehindTheEndOfAList)
+{
+    const auto left = NewDocument();
+    const auto right = NewDocument();
+    Fill(ContentOf(*left), Square("same"), Square("b"), Square("c"));
+    Fill(ContentOf(*right), Square("same"));
+    EXPECT_EQ(WorkOf(*left, *right).pairsCompared, 1u);
+}
+
+TEST_F(PagesOfFiles, AreNotInterpretedByOpeningAndCounting)
+{
+    const auto document = Read({paint, paint, paint});
+    EXPECT_EQ(document->GetNumberOfPages(), 3u);
+    EXPECT_FALSE(PageOf(*document).GetPageBox(OrvDoc::PageBox::Media).isInitial);
+    EXPECT_THAT(Interpreted(*document), ElementsAre(false, false, false));
+}
+
+TEST_F(PagesOfFiles, AreNotInterpretedBehindAnotherPageCount)
+{
+    const auto left = Read({paint, paint, paint});
+    const auto right = Read({paint, paint});
+    ExpectReports(*left, *right, {Difference("PageCount", "3", "2")});
+    EXPECT_THAT(Interpreted(*left), Each(false));
+    EXPECT_THAT(Interpreted(*right), Each(false));
+}
+
+TEST_F(PagesOfFiles, AreInterpretedByAComparisonOfAllPages)
+{
+    const auto left = Read({paint, paint});
+    const auto right = Read({paint, paint});
+    ExpectReports(*left, *right, {});
+    EXPECT_THAT(Interpreted(*left), Each(true));
+    EXPECT_THAT(Interpreted(*right), Each(true));
+}
+
+TEST_F(PagesOfFiles, AreNotInterpretedBehindAMismatchOfClasses)
+{
+    const auto other = NewDocument(3);
+    Fill(ContentOf(*other), With(Named(UserGroup(), "g"), Square()));
+    const auto left = Read({paint, paint, paint});
+    const auto right = Reread(*other);
+    ExpectReports(*left, *right, {Difference("ObjectType", "OrvDoc::Path", "OrvDoc::Group")});
+    EXPECT_THAT(Interpreted(*left), ElementsAre(true, false, false));
+    EXPECT_THAT(Interpreted(*right), ElementsAre(true, false, false));
+}
+
+TEST_F(PagesOfFiles, AreNotInterpretedByAComparisonOfThePageBefore)
+{
+    const auto left = Read({paint, paint});
+    const auto right = Read({paint, paint});
+    ExpectReports<OrvDoc::Content>(ContentOf(*left), ContentOf(*right), {});
+    EXPECT_THAT(Interpreted(*left), ElementsAre(true, false));
+    EXPECT_THAT(Interpreted(*right), ElementsAre(true, false));
+}
+
+TEST_F(PagesOfFiles, AreInterpretedOneAfterTheOther)
+{
+    // Each page is asked for in its turn: a receiver that ends the comparison spares the rest.
+    class FirstReportEnds : public RecordingReporter
+    {
+    public:
+        void Report(Comparators::ReportKind, const std::string&, const Comparators::LocationPath&,
+                    const Comparators::LocationPath&, const std::string&) override
+        {
+            throw std::runtime_error("enough");
+        }
+    };
+    const auto left = Read({paint, paint, paint});
+    const auto right = Read({paint, Flat(Tints({{"Cyan", 1.0f}})), paint});
+    FirstReportEnds reporter;
+    EXPECT_THROW(Comparators::Compare(reporter, *left, *right, AllOptions()), std::runtime_error);
+    EXPECT_THAT(Interpreted(*left), ElementsAre(true, true, false));
+    EXPECT_THAT(Interpreted(*right), ElementsAre(true, true, false));
 }
 
 } // namespace HarrowSupport::Testing

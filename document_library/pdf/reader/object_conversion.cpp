@@ -124,6 +124,8 @@ OrvSys::PdfObject ObjectConverter::ConvertStream(QPDFObjectHandle stream, Run& r
     if (!encoded.raw)
         throw ConversionFailure(DescribeObject(stream) + ": " + encoded.problem);
     const DecodedStream decoded = DecodeStream(file, encoded, {largest, "streamBytes", largest});
+    if (decoded.isDecoded && !decoded.problem.empty())
+        file.AddWarning(DescribeObject(stream) + ": " + decoded.problem);
 
     OrvSys::PdfObject::Entries entries;
     for (const auto& [key, value] : stream.getDict().getDictAsMap()) {

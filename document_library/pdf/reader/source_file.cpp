@@ -120,11 +120,11 @@ void SourceFile::OpenObjects()
                                       : "the file is encrypted and the password is wrong");
     }
     isEncrypted = qpdf->isEncrypted();
-    openingWarnings = TakeWarnings();
+    pendingWarnings = TakeWarnings();
     if (!problem.empty())
-        openingWarnings.push_back("the file was read with a trailer made for it, since otherwise: " +
+        pendingWarnings.push_back("the file was read with a trailer made for it, since otherwise: " +
                                   problem);
-    wasRepaired = std::any_of(openingWarnings.begin(), openingWarnings.end(), [](const std::string& text) {
+    wasRepaired = std::any_of(pendingWarnings.begin(), pendingWarnings.end(), [](const std::string& text) {
         return text.find("Attempting to reconstruct cross-reference table") != std::string::npos;
     });
     CheckObjectCount();
@@ -193,10 +193,15 @@ std::unique_ptr<QPDF> SourceFile::OpenAgain() const
 
 std::vector<std::string> SourceFile::TakeWarnings() const
 {
-    std::vector<std::string> texts = std::exchange(openingWarnings, {});
+    std::vector<std::string> texts = std::exchange(pendingWarnings, {});
     for (const QPDFExc& warning : qpdf->getWarnings())
         texts.push_back(DescribeProblem(warning));
     return texts;
+}
+
+void SourceFile::AddWarning(std::string text) const
+{
+    pendingWarnings.push_back(std::move(text));
 }
 
 std::uint64_t SourceFile::GetDecodedBytesLeft() const

@@ -57,6 +57,8 @@ public:
 
     /// The problems that parsing met since the last call. Needs an `Access`.
     std::vector<std::string> TakeWarnings() const;
+    /// Adds a problem for the next call of TakeWarnings. Needs an `Access`.
+    void AddWarning(std::string text) const;
 
     /// How many more bytes the streams of the document may decode to.
     std::uint64_t GetDecodedBytesLeft() const;
@@ -84,7 +86,7 @@ private:
     bool isEncrypted = false;
     bool wasRepaired = false;
     std::unique_ptr<QPDF> qpdf;
-    mutable std::vector<std::string> openingWarnings;
+    mutable std::vector<std::string> pendingWarnings;
     mutable std::recursive_mutex mutex;
     mutable std::atomic<std::uint64_t> decodedBytes{0};
 };
