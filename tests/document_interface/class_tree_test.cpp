@@ -1,5 +1,5 @@
-// The tree of content objects, and its run-time type information where objects, casts and exceptions cross from
-// the document library into a program.
+// The tree of content objects, and its run-time type information where objects, casts and exceptions cross
+// from the document library into a program.
 
 #include <memory>
 #include <type_traits>
@@ -87,15 +87,6 @@ std::unique_ptr<ContentObject> CopyInLibrary(const Object& object)
 {
     CloneStrategy strategy(GetScratchDocument(), CloneStrategy::CloneFlags{0});
     return std::unique_ptr<ContentObject>(static_cast<const ContentObject&>(object).Clone(strategy));
-}
-
-TEST(ClassTree, ListItemIsTheFirstBase)
-{
-    const std::unique_ptr<ContentObject> path = MakePath();
-    const void* const object = path.get();
-    EXPECT_LT(static_cast<const void*>(static_cast<const Detail::ListItem<ContentObject>*>(path.get())),
-              static_cast<const char*>(object) + sizeof(ContentObject));
-    EXPECT_EQ(&path->next, &static_cast<Detail::ListItem<ContentObject>*>(path.get())->next);
 }
 
 TEST(ClassTree, TypesOfTheLibrarysObjectsAreThoseOfTheProgram)

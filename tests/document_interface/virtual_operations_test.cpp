@@ -94,8 +94,8 @@ std::vector<std::string> GetOwners()
             "Text: " + GetShortName<Owner<Text>>()};
 }
 
-const auto eachClassItself = ElementsAre("Group: Group", "TextGroup: TextGroup", "Layer: Layer", "Image: Image",
-                                         "ImageMask: ImageMask", "Path: Path", "Text: Text");
+const auto eachClassItself = ElementsAre("Group: Group", "TextGroup: TextGroup", "Layer: Layer",
+                                         "Image: Image", "ImageMask: ImageMask", "Path: Path", "Text: Text");
 
 TEST(VirtualOperations, EachConcreteClassClonesItself)
 {
@@ -115,9 +115,8 @@ TEST(VirtualOperations, EachConcreteClassAcceptsVisitorsItself)
 
 TEST(VirtualOperations, OnlyGroupLeadsAVisitorThroughChildren)
 {
-    const auto owners =
-        ElementsAre("Group: Group", "TextGroup: Group", "Layer: Group", "Image: Visitable",
-                    "ImageMask: Visitable", "Path: Visitable", "Text: Visitable");
+    const auto owners = ElementsAre("Group: Group", "TextGroup: Group", "Layer: Group", "Image: Visitable",
+                                    "ImageMask: Visitable", "Path: Visitable", "Text: Visitable");
     EXPECT_THAT(GetOwners<PropagateOwner>(), owners);
     EXPECT_THAT(GetOwners<PropagateConstOwner>(), owners);
 }
@@ -195,8 +194,8 @@ static_assert(Has<void (ContentObject::*)()>(&Opened<ContentObject>::OriginalOut
 static_assert(Has<void (ContentObject::*)(const Transformation&, TransformationMode)>(
     &Opened<ContentObject>::TransformationChangedSelf));
 static_assert(Has<void (ContentObject::*)()>(&Opened<ContentObject>::ClippingObjectChangedSelf));
-static_assert(Has<void (Group::*)(ContentObject&, ContentObject::WhatChangedFlags)>(
-    &OpenedGroup::ChildChangedSelf));
+static_assert(
+    Has<void (Group::*)(ContentObject&, ContentObject::WhatChangedFlags)>(&OpenedGroup::ChildChangedSelf));
 static_assert(Has<void (Strokable::*)()>(&OpenedStrokable<Strokable>::StrokePropertiesChangedSelf));
 
 TEST(VirtualOperations, VisitableHasItsOperationsInOrder)
@@ -216,11 +215,10 @@ TEST(VirtualOperations, VisitableHasItsOperationsInOrder)
 TEST(VirtualOperations, ContentObjectHasItsOperationsInOrder)
 {
     using Object = Opened<ContentObject>;
-    const std::vector<std::size_t> slots =
-        GetSlots(&Object::Clone, &Object::SetName, &Object::GetName, &Object::IsClippingObject,
-                 &Object::DumpInfo, &Object::GetBoundingBoxSelf, &Object::ContentChangedSelf,
-                 &Object::OriginalOutlineChangedSelf, &Object::TransformationChangedSelf,
-                 &Object::ClippingObjectChangedSelf);
+    const std::vector<std::size_t> slots = GetSlots(
+        &Object::Clone, &Object::SetName, &Object::GetName, &Object::IsClippingObject, &Object::DumpInfo,
+        &Object::GetBoundingBoxSelf, &Object::ContentChangedSelf, &Object::OriginalOutlineChangedSelf,
+        &Object::TransformationChangedSelf, &Object::ClippingObjectChangedSelf);
     EXPECT_EQ(slots, CountFrom(slots.front(), 10));
 }
 

@@ -41,10 +41,10 @@ std::vector<std::size_t> GetConstVisitSlots()
 
 TEST(Visitors, HaveTheirSeventeenVisitsAndThenTheEndsInOrder)
 {
-    EXPECT_EQ((GetVisitSlots<TextGroup, Layer, Group, ImageMask, Text, Path, Strokable, Fillable, Image,
-                             Blendable, Clippable, Transformable, ContentObject, PageContent, Content, Page,
-                             Document>()),
-              CountFrom(2, 34));
+    EXPECT_EQ(
+        (GetVisitSlots<TextGroup, Layer, Group, ImageMask, Text, Path, Strokable, Fillable, Image, Blendable,
+                       Clippable, Transformable, ContentObject, PageContent, Content, Page, Document>()),
+        CountFrom(2, 34));
 }
 
 TEST(Visitors, AreTheSameForConstantObjects)
@@ -133,11 +133,11 @@ TEST(Visitors, ReachTheObjectsOfADocument)
     Document& document = GetScratchDocument();
     Content& content = document.GetPagesBegin()->GetContent();
     content.AddOnTop(MakeTree().release());
-    const std::unique_ptr<ContentObject> tree(content.GetChildren().first);
     Recorder<Path> recorder(true);
     document.Accept(recorder);
     EXPECT_THAT(recorder.seen, ElementsAre("path", "end of path"));
-    tree->ExtractFromParent();
+    // The scratch document has to be left as empty as it was.
+    const std::unique_ptr<ContentObject> tree(content.GetChildren().first->ExtractFromParent());
 }
 
 } // namespace
