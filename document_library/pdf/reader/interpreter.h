@@ -266,7 +266,8 @@ private:
     /// How many matrices may still be corrected because marked content ended before the state that began in
     /// it.
     std::uint64_t correctionsLeft = 1000000;
-    /// Clips that a group claims as its own.
+    /// Clips that a group claims as its own. A claim ends with the first object that is no clip, which the
+    /// clips behind it don't clip.
     std::uint64_t ownClipsLeft = 0;
     ScopeTree::Id ownClipsScope = 0;
     std::uint64_t compatibilityDepth = 0;

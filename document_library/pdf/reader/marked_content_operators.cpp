@@ -142,6 +142,7 @@ void Interpreter::BeginMark(const std::string& tag, const PdfObject& properties,
     GroupRecipe recipe =
         isGroup ? ReadGroupRecipe(properties) : ForeignRecipe(tag, properties, false, arguments);
     recipe.isTextGroup = tag == Tags::textGroup;
+    ownClipsLeft = 0;
     const ScopeTree::Id scope = tree.Open(std::move(recipe));
     openMarks.push_back({scope});
     if (isGroup) {

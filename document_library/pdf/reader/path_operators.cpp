@@ -2,6 +2,7 @@
 #include <utility>
 
 #include <orv_doc/path.h>
+#include <plexa/geometry.h>
 
 #include "pdf/reader/interpreter.h"
 
@@ -215,15 +216,22 @@ void Interpreter::PlacePath(std::shared_ptr<const Plexa::Compound> compound, boo
         object->SetStrokePaint(GetPaint(state.stroke));
         object->SetSharedStrokeProperties(state.strokeProperties);
     }
+    ownClipsLeft = 0;
     tree.Place(std::move(object));
 }
 
 void Interpreter::BeginClip(std::shared_ptr<const Plexa::Compound> compound, const std::string& name,
                             ByteRange place)
 {
+    Matrix transformation = state.matrix;
+    if (!Plexa::Inverse(transformation)) {
+        // Behind such a clip no other matrix could ever be written.
+        compound = transformation * std::move(compound);
+        transformation = Matrix();
+    }
     if (ownClipsLeft > 0 && tree.IsInnermost(ownClipsScope)) {
         --ownClipsLeft;
-        tree.Place(MakeClippingPath(std::move(compound), state.matrix, name));
+        tree.Place(MakeClippingPath(std::move(compound), transformation, name));
         return;
     }
     if (tree.GetDepth() >= limits.contentNesting) {
@@ -232,7 +240,7 @@ void Interpreter::BeginClip(std::shared_ptr<const Plexa::Compound> compound, con
     }
     GroupRecipe recipe;
     recipe.clip = std::move(compound);
-    recipe.clipTransformation = state.matrix;
+    recipe.clipTransformation = transformation;
     recipe.clipName = name;
     openClips.push_back(tree.Open(std::move(recipe)));
 }

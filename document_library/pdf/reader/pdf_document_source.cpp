@@ -111,6 +111,8 @@ OrvDoc::Detail::PageTree PdfDocumentSource::ReadPageTree() const
 std::vector<OrvDoc::Separation::Entry> PdfDocumentSource::ReadSeparations() const
 {
     const SourceFile::Access access(*file);
+    if (knownSeparations)
+        return *knownSeparations;
     // Problems of the page tree and of colour spaces are told when the pages and contents are read.
     ErrorList errors(0);
     std::vector<OrvDoc::Separation::Entry> separations;
@@ -120,6 +122,7 @@ std::vector<OrvDoc::Separation::Entry> PdfDocumentSource::ReadSeparations() cons
             pageResources.push_back(entry.entries.resources);
         separations = CollectSeparations(access.GetQpdf().getRoot(), pageResources, *resources);
     });
+    knownSeparations = separations;
     return separations;
 }
 

@@ -3,6 +3,8 @@
 #include <memory>
 #include <vector>
 
+#include <boost/optional.hpp>
+
 #include "orv_doc/document_source.h"
 #include "pdf/reader/document_resources.h"
 #include "pdf/reader/error_list.h"
@@ -20,6 +22,7 @@ public:
 
     void ReadStructure(OrvDoc::Document& document) const override;
     OrvDoc::Detail::PageTree ReadPageTree() const override;
+    /// Walks the resources of all pages the first time that it is called.
     std::vector<OrvDoc::Separation::Entry> ReadSeparations() const override;
 
     const SourceFile& GetFile() const { return *file; }
@@ -27,6 +30,8 @@ public:
 private:
     std::shared_ptr<const SourceFile> file;
     std::shared_ptr<DocumentResources> resources;
+    /// Guarded by the access to the file.
+    mutable boost::optional<std::vector<OrvDoc::Separation::Entry>> knownSeparations;
 };
 
 } // namespace OrvPdf

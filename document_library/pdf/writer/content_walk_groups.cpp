@@ -40,7 +40,9 @@ const Matrix* FindFirstMatrix(const OrvDoc::Group& group)
 void ContentWalk::PrepareGroup(const OrvDoc::Group& group)
 {
     const Matrix* const first = FindFirstMatrix(group);
-    if (first && !AreIdentical(*first, states.GetMatrix())) {
+    const bool isOther = first && !AreIdentical(*first, states.GetMatrix());
+    // Inside of the group there is no way out of a matrix without inverse.
+    if (isOther || !Plexa::Inverse(states.GetMatrix())) {
         LeaveSharedMatrix();
     }
 }

@@ -142,6 +142,7 @@ QPDFObjectHandle LayerObjects::MakeDictionary(const LogicalLayerExpression& expr
     case Operation::Or:
     case Operation::Not:
         dictionary.replaceKey("/VE", MakeExpression(expression));
+        AddPolicy(dictionary, expression);
         return dictionary;
     case Operation::Layer:
         dictionary.replaceKey("/OCGs", GetGroup(expression.GetLayer()));
@@ -153,11 +154,45 @@ QPDFObjectHandle LayerObjects::MakeDictionary(const LogicalLayerExpression& expr
     for (const LogicalLayerExpression& operand : expression.GetOperands()) {
         items.push_back(GetGroup(operand.GetLayer()));
     }
-    dictionary.replaceKey("/OCGs", QPDFObjectHandle::newArray(items));
+    // No layer at all leaves the content visible (ISO 32000-1, table 99), but many programs hide it for an
+    // array that is empty.
+    if (!items.empty()) {
+        dictionary.replaceKey("/OCGs", QPDFObjectHandle::newArray(items));
+    }
     if (expression.GetOperation() != Operation::AnyOn) {
         dictionary.replaceKey("/P", QPDFObjectHandle::newName(GetPolicyName(expression.GetOperation())));
     }
     return dictionary;
+}
+
+/// What a simple expression means as a policy, for programs that know no expressions.
+void LayerObjects::AddPolicy(QPDFObjectHandle dictionary, const LogicalLayerExpression& expression)
+{
+    const bool isNegated = expression.GetOperation() == Operation::Not;
+    if (isNegated && expression.GetOperands().size() != 1) {
+        return;
+    }
+    const LogicalLayerExpression& inner = isNegated ? expression.GetOperands()[0] : expression;
+    const bool isAnd = inner.GetOperation() == Operation::And;
+    std::vector<QPDFObjectHandle> items;
+    if (inner.GetOperation() == Operation::Layer) {
+        items.push_back(GetGroup(inner.GetLayer()));
+    } else if (isAnd || inner.GetOperation() == Operation::Or) {
+        for (const LogicalLayerExpression& operand : inner.GetOperands()) {
+            if (operand.GetOperation() != Operation::Layer) {
+                return;
+            }
+            items.push_back(GetGroup(operand.GetLayer()));
+        }
+    }
+    if (items.empty()) {
+        return;
+    }
+    const Operation whenNegated = isAnd ? Operation::AnyOff : Operation::AllOff;
+    const Operation whenPlain = isAnd ? Operation::AllOn : Operation::AnyOn;
+    dictionary.replaceKey("/OCGs", QPDFObjectHandle::newArray(items));
+    dictionary.replaceKey("/P",
+                          QPDFObjectHandle::newName(GetPolicyName(isNegated ? whenNegated : whenPlain)));
 }
 
 /// A visibility expression has no policies; what they mean it says with its own operations.

@@ -44,6 +44,7 @@ private:
     void UpdateGroup(QPDFObjectHandle group, const OrvDoc::LayerProperties& layer);
     QPDFObjectHandle MakeExpression(const OrvDoc::LogicalLayerExpression& expression);
     QPDFObjectHandle MakeDictionary(const OrvDoc::LogicalLayerExpression& expression);
+    void AddPolicy(QPDFObjectHandle dictionary, const OrvDoc::LogicalLayerExpression& expression);
 
     ObjectMaker& maker;
     const OrvDoc::Layers& layers;

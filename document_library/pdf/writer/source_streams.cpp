@@ -1,6 +1,7 @@
 #include "pdf/writer/source_streams.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include <qpdf/Pl_Discard.hh>
 #include <qpdf/Pl_String.hh>
@@ -26,6 +27,36 @@ bool CanBeDecoded(QPDFObjectHandle stream, qpdf_stream_decode_level_e level)
     try {
         Pl_Discard nowhere;
         return stream.pipeStreamData(&nowhere, nullptr, 0, level, true, false);
+    } catch (const QPDFExc&) {
+        return false;
+    }
+}
+
+bool IsJpegPicture(QPDFObjectHandle stream)
+{
+    QPDFObjectHandle filter = stream.getDict().getKey("/Filter");
+    const bool isSingle = filter.isArray() && filter.getArrayNItems() == 1;
+    return (isSingle ? filter.getArrayItem(0) : filter).isNameAndEquals("/DCTDecode");
+}
+
+/// Takes white space from before the data of a picture, where some programs write a line feed that others
+/// stop at. False if there is none.
+bool TrimPicture(QPDFObjectHandle stream)
+{
+    if (!IsJpegPicture(stream)) {
+        return false;
+    }
+    try {
+        const auto buffer = stream.getRawStreamData();
+        const std::string_view data(reinterpret_cast<const char*>(buffer->getBuffer()), buffer->getSize());
+        const std::size_t start = data.find_first_not_of(" \t\r\n\f");
+        if (start == 0 || start == std::string_view::npos || data.substr(start, 2) != "\xFF\xD8") {
+            return false;
+        }
+        QPDFObjectHandle dictionary = stream.getDict();
+        stream.replaceStreamData(std::string(data.substr(start)), dictionary.getKey("/Filter"),
+                                 dictionary.getKey("/DecodeParms"));
+        return true;
     } catch (const QPDFExc&) {
         return false;
     }
@@ -69,6 +100,9 @@ std::vector<std::string> CheckSourceStreams(std::vector<QPDFObjectHandle> stream
     std::vector<std::string> errors;
     const qpdf_stream_decode_level_e level = source.WasRepaired() ? qpdf_dl_all : qpdf_dl_specialized;
     for (QPDFObjectHandle& stream : streams) {
+        if (TrimPicture(stream)) {
+            errors.push_back(DescribeObject(stream) + ": white space before the picture's data is left out");
+        }
         if (!CanBeDecoded(stream, level)) {
             errors.push_back(Replace(stream, maker, source));
         }

@@ -12,8 +12,8 @@ class ObjectMaker;
 class SourceFile;
 
 /// Sees to the streams that a rewritten file takes over from its source: they keep their filters, and those
-/// that can't be decoded are replaced by what can be decoded of them. Returns an error for each of these, by
-/// object numbers.
+/// that can't be decoded are replaced by what can be decoded of them. White space before the data of a JPEG
+/// picture goes. Returns an error for each of these, by object numbers.
 ///
 /// The data of pictures' own filters are only tried in a file that had to be repaired, where they may have
 /// been cut off: that takes more time than all other writing.

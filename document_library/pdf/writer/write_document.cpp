@@ -48,16 +48,17 @@ public:
         buffer.insert(buffer.end(), data, data + length);
     }
 
-    void finish() override { Flush(); }
-
-private:
-    static constexpr std::size_t capacity = std::size_t{1} << 20;
+    /// The PDF library calls this after each stream that it writes, which is too early to empty the buffer.
+    void finish() override {}
 
     void Flush()
     {
         file.Write(buffer.data(), buffer.size());
         buffer.clear();
     }
+
+private:
+    static constexpr std::size_t capacity = std::size_t{1} << 20;
 
     AtomicFile& file;
     std::vector<unsigned char> buffer;
@@ -110,7 +111,7 @@ void SaveDocument(OrvDoc::Document& document, const boost::filesystem::path& fil
         DocumentAssembly assembly = AssembleDocument(document);
         FilePipeline output(target);
         WriteTo(output, assembly);
-        output.finish();
+        output.Flush();
         target.Commit();
         SetErrors(document, assembly);
     });

@@ -35,6 +35,14 @@ TEST(InterpreterClips, WhatThePathIsPaintedWithStandsBelowTheClipAndOutsideOfIt)
               "group[path clip {M 0 0 L 9000 0}; path {M 0 0 L 1000 0} stroke Gray 0]");
 }
 
+TEST(InterpreterClips, UnderAMatrixWithoutInverseTheShapeIsMappedInsteadOfTheObject)
+{
+    EXPECT_EQ(Tree("q 2 0 0 0 1 5 cm 0 0 3 4 re W n Q"),
+              "group[path clip {M 1000 5000 L 7000 5000 L 7000 5000 L 1000 5000 Z}]");
+    EXPECT_EQ(Tree("q 2 0 0 1 1 5 cm 0 0 3 4 re W n Q"),
+              "group[path @2,0,0,1,1000,5000 clip {M 0 0 L 3000 0 L 3000 4000 L 0 4000 Z}]");
+}
+
 TEST(InterpreterClips, AClosingPaintingOperatorClosesTheClipToo)
 {
     EXPECT_EQ(Tree("q 0 0 m 9 0 l W s Q"),

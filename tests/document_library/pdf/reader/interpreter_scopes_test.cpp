@@ -198,6 +198,14 @@ TEST(InterpreterScopes, ClipsInsideOfAnotherGroupAreNotClaimed)
               "group[group /T[group[" + clipPath + "]]]");
 }
 
+TEST(InterpreterScopes, ClipsBehindAnObjectAreNotClaimed)
+{
+    EXPECT_EQ(Tree("/OrvGroup <</OwnClips 1>> BDC" + a + "q" + clip + a + "Q EMC"),
+              "group[" + pathA + "; group[" + clipPath + "; " + pathA + "]]");
+    EXPECT_EQ(Tree("/OrvGroup <</OwnClips 1>> BDC /T BMC EMC q" + clip + a + "Q EMC"),
+              "group[group /T[]; group[" + clipPath + "; " + pathA + "]]");
+}
+
 TEST(InterpreterScopes, AClaimedClipMayBeNamedAndStandUnderAMatrix)
 {
     EXPECT_EQ(Tree("/OrvGroup <</OwnClips 1>> BDC q 2 0 0 2 0 0 cm /OrvObject <</Name (c)>> BDC" + clip +

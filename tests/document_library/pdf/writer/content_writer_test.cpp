@@ -179,8 +179,15 @@ TEST(ContentWriter, ResetsTheMatrixOfAClipForAnObjectWithoutIt)
     EXPECT_EQ(
         BytesOf(With(ImplicitGroup(), Transformed(ClipLine(), scale), Line(), Transformed(Line(), shift))),
         std::string("q\n2 0 0 2 0 0 cm\n") + line +
-            "W n\n/OrvReset <</Matrix [2 0 0 2 0 0]>> DP\n0.5 -0 -0 0.5 0 0 cm\n" + line +
+            "W n\n/OrvReset <</Matrix [2 0 0 2 0 0]>> DP\n0.5 0 0 0.5 0 0 cm\n" + line +
             "n\nq\n1 0 0 1 5 0 cm\n" + line + "n\nQ\nQ\n");
+}
+
+TEST(ContentWriter, ResetsAMatrixOfTenthsByOneOfTens)
+{
+    const M tenth(0.1, 0.0, 0.0, -0.1, 0.0, 200000.0);
+    EXPECT_THAT(BytesOf(With(ImplicitGroup(), Transformed(ClipLine(), tenth), Line())),
+                HasSubstr("DP\n10 0 0 -10 0 2000 cm\n"));
 }
 
 TEST(ContentWriter, LeavesOutWhatItCannotPlaceUnderAMatrixWithoutInverse)
@@ -190,6 +197,16 @@ TEST(ContentWriter, LeavesOutWhatItCannotPlaceUnderAMatrixWithoutInverse)
         WriteObjects(With(ImplicitGroup(), Transformed(ClipLine(), flat), Line(), Transformed(Line(), flat)));
     EXPECT_EQ(written.bytes, std::string("q\n0 0 0 0 0 0 cm\n") + line + "W n\n" + line + "n\nQ\n");
     EXPECT_THAT(ProblemsOf(written), ElementsAre(HasSubstr("cannot be placed: 1")));
+}
+
+TEST(ContentWriter, SharesNoMatrixWithoutInverseWithAGroup)
+{
+    const M flat(1.0, 0.0, 0.0, 0.0, 0.0, 0.0);
+    const std::string flatLine = "q\n1 0 0 0 0 0 cm\n" + std::string(line) + "n\nQ\n";
+    EXPECT_EQ(BytesOf(Transformed(Line(), flat),
+                      With(std::make_unique<OrvDoc::Group>(OrvDoc::Group::Flags::Default),
+                           Transformed(Line(), flat), Line())),
+              flatLine + "/OrvGroup BMC\n" + flatLine + line + "n\nEMC\n");
 }
 
 TEST(ContentWriter, NestsAClipUnderASharedMatrix)

@@ -329,6 +329,55 @@ TEST_F(WriteDocument, KeepsOtherUsagesWhenAPrintStateIsSet)
     EXPECT_TRUE(usages.getArrayItem(1).getKey("/Event").isNameAndEquals("/Print"));
 }
 
+TEST_F(WriteDocument, NamesNoLayersForContentThatDependsOnNone)
+{
+    const auto document = NewDocument(1);
+    const OrvDoc::LogicalLayerExpression always(OrvDoc::LogicalLayerExpression::Operation::AnyOn, {});
+    Fill(ContentOf(*document), With(std::make_unique<OrvDoc::Layer>(always), FilledLine(Ink(0.5f))));
+    const auto reopened = SaveAndRead(*document);
+    QPDFObjectHandle lists = SavedPage().getKey("/Resources").getKey("/Properties");
+    EXPECT_EQ(lists.getKey("/oc0").getKeys(), std::set<std::string>{"/Type"});
+    const auto* const read = dynamic_cast<const OrvDoc::Layer*>(ContentOf(*reopened).GetChildren().first);
+    ASSERT_NE(read, nullptr);
+    EXPECT_EQ(boost::get<OrvDoc::LogicalLayerExpression>(read->GetMembership()), always);
+}
+
+TEST_F(WriteDocument, SaysSimpleExpressionsAsPoliciesToo)
+{
+    using OrvDoc::LogicalLayerExpression;
+    using Operation = LogicalLayerExpression::Operation;
+    const auto document = NewDocument(1);
+    const LogicalLayerExpression one(document->GetLayers().AddLayer("One"));
+    const LogicalLayerExpression two(document->GetLayers().AddLayer("Two"));
+    const LogicalLayerExpression both(Operation::And, {one, two});
+    const LogicalLayerExpression either(Operation::Or, {one, two});
+    const std::pair<LogicalLayerExpression, const char*> cases[] = {
+        {both, "/AllOn"},
+        {either, "/AnyOn"},
+        {LogicalLayerExpression(Operation::Not, {both}), "/AnyOff"},
+        {LogicalLayerExpression(Operation::Not, {either}), "/AllOff"},
+        {LogicalLayerExpression(Operation::Not, {one}), "/AllOff"},
+        {LogicalLayerExpression(Operation::Or, {both, one}), ""},
+    };
+    for (const auto& [expression, policy] : cases) {
+        Fill(ContentOf(*document), With(std::make_unique<OrvDoc::Layer>(expression), FilledLine(Ink(0.5f))));
+    }
+    const auto reopened = SaveAndRead(*document);
+    QPDFObjectHandle lists = SavedPage().getKey("/Resources").getKey("/Properties");
+    const auto* object = ContentOf(*reopened).GetChildren().first;
+    for (std::size_t i = 0; i < std::size(cases); ++i, object = object->next) {
+        QPDFObjectHandle dictionary = lists.getKey("/oc" + std::to_string(i));
+        QPDFObjectHandle policy = dictionary.getKey("/P");
+        EXPECT_EQ(policy.isName() ? policy.getName() : "", cases[i].second);
+        EXPECT_EQ(dictionary.hasKey("/OCGs"), policy.isName());
+        const auto* const read = dynamic_cast<const OrvDoc::Layer*>(object);
+        ASSERT_NE(read, nullptr);
+        const auto& membership = boost::get<LogicalLayerExpression>(read->GetMembership());
+        EXPECT_EQ(membership.GetOperation(), cases[i].first.GetOperation());
+        EXPECT_EQ(membership.GetOperands().size(), cases[i].first.GetOperands().size());
+    }
+}
+
 TEST_F(WriteDocument, PutsAnOutputIntentInThePlaceOfTheOneThatWasRead)
 {
     const std::string intents =
@@ -401,6 +450,20 @@ TEST_F(WriteDocument, ReplacesADamagedStreamByWhatCanBeReadOfIt)
     const auto buffer = Catalogue().getKey("/Private").getStreamData();
     EXPECT_EQ(std::string(reinterpret_cast<const char*>(buffer->getBuffer()), 3), "ABC");
     EXPECT_THAT(TextsOf(document->GetActiveErrors()), ElementsAre(HasSubstr("object 5 0: a damaged stream")));
+}
+
+TEST_F(WriteDocument, TakesALineFeedFromBeforeAPicture)
+{
+    const std::string picture = "\xFF\xD8\n\xFF\xD9";
+    const auto document = ReadFile(PdfFileOfPages(
+        {""}, "/Private 5 0 R/Other 6 0 R", "",
+        {PdfStream("\n" + picture, "/Filter[/DCTDecode]"), PdfStream("\nno picture", "/Filter/DCTDecode")}));
+    Save(*document);
+    const auto written = Catalogue().getKey("/Private").getRawStreamData();
+    EXPECT_EQ(std::string(reinterpret_cast<const char*>(written->getBuffer()), written->getSize()), picture);
+    EXPECT_EQ(Catalogue().getKey("/Other").getRawStreamData()->getSize(), 11u);
+    EXPECT_THAT(TextsOf(document->GetActiveErrors()),
+                ElementsAre(HasSubstr("object 5 0: white space before the picture")));
 }
 
 TEST_F(WriteDocument, KeepsSoundStreamsAsTheyAre)
