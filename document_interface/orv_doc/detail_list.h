@@ -1,11 +1,13 @@
 #pragma once
 
+#include <orv_sys/export.h>
+
 namespace OrvDoc::Detail
 {
 
 /// Link of an object in an intrusive list. The container of the list owns the objects; the links own nothing.
 template <typename T>
-struct ListItem
+struct ORV_EXPORT ListItem
 {
     /// The object after this one, null at the end of the list and outside of any list.
     T* next = nullptr;
@@ -17,7 +19,9 @@ struct ListItem
 
 protected:
     ListItem() = default;
-    ~ListItem() = default;
+    /// Virtual, so that the table of an object's virtual operations begins here, as the first base, and goes
+    /// on with those of the object itself.
+    virtual ~ListItem() = default;
     ListItem(const ListItem&) = delete;
     ListItem& operator=(const ListItem&) = delete;
 };

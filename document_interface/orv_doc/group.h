@@ -36,6 +36,12 @@ public:
     /// The children in paint order, the lowest first.
     Detail::List<ContentObject> children;
 
+protected:
+    /// A direct child has changed. Stands ahead of what overrides `Visitable`, which takes places in the
+    /// table of virtual operations as well, so that this one comes right behind those of an object.
+    virtual void ChildChangedSelf(ContentObject& child, WhatChangedFlags what);
+
+public:
     Group* Clone(CloneStrategy& strategy) const override;
     std::pair<std::string, std::string> DumpInfo() const override;
     /// The box around the boxes of the children. Those that clip add nothing, and nothing is cut off at them,
@@ -60,9 +66,6 @@ protected:
     void TransformationChangedSelf(const Plexa::TransformationBase<Plexa::MilliPointCoordinateSystem>& change,
                                    TransformationMode mode) override;
     void ClippingObjectChangedSelf() override;
-
-    /// A direct child has changed.
-    virtual void ChildChangedSelf(ContentObject& child, WhatChangedFlags what);
 
     /// Copies what every group has, and the children, into a clone.
     void CloneInto(Group& clone, CloneStrategy& strategy) const;

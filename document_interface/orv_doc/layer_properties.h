@@ -50,8 +50,10 @@ private:
     int sourceObject = 0;
 };
 
-/// Prints a layer in one line, such as `"Cutting" (in "Dies", processing step Structural/Cutting)`; a null
-/// pointer prints as `(no layer)`.
+/// Prints a layer in one line, such as `"Cutting" (in "Dies", processing step Structural/Cutting, not
+/// printing)`, where the last word tells what its document's default configuration says; a null pointer
+/// prints as
+/// `(no layer)`.
 ORV_EXPORT std::ostream& operator<<(std::ostream& stream, const std::shared_ptr<LayerProperties>& layer);
 
 } // namespace OrvDoc

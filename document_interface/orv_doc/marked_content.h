@@ -7,6 +7,8 @@
 namespace OrvDoc
 {
 
+// For makers of documents.
+
 /// A marked-content operator of a file (ISO 32000-1, 14.6) as a group remembers it, so that tagged files stay
 /// tagged.
 struct MarkedContent

@@ -6,6 +6,8 @@
 namespace OrvDoc
 {
 
+// For makers of documents.
+
 /// Shape of the ends of open lines (ISO 32000-1, table 54).
 enum class LineCap : std::uint32_t
 {

@@ -12,6 +12,8 @@
 namespace OrvSys
 {
 
+// For makers of documents.
+
 /// An object of PDF syntax kept whole: what a file says where the model has no type of its own for it
 /// (ISO 32000-1, 7.3). There are no indirect references in it; whoever makes one resolves them first.
 ///

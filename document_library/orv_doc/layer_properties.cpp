@@ -3,6 +3,8 @@
 #include <ostream>
 #include <utility>
 
+#include <orv_doc/document.h>
+
 #include "orv_doc/text_form.h"
 
 namespace OrvDoc
@@ -37,6 +39,10 @@ std::ostream& operator<<(std::ostream& stream, const std::shared_ptr<LayerProper
     const std::string& type = layer->GetProcessingStepType();
     if (!step.empty() || !type.empty())
         add("processing step " + step + "/" + type);
+    // Two layers that differ in this alone are told apart by a comparison, so their texts must tell them
+    // apart too.
+    if (!layer->GetDocument().GetLayers().GetDefaultConfiguration().IsLayerPrinting(layer))
+        add("not printing");
     std::string text;
     Detail::AppendQuoted(text, layer->GetName());
     if (!properties.empty())

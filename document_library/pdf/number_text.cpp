@@ -14,6 +14,10 @@ namespace OrvPdf
 namespace
 {
 
+/// Readers take a number without a point for an integer of 64 bits. One of more digits is written as a real,
+/// which all of them hold.
+constexpr int digitsOfIntegers = 18;
+
 /// Appends `digits` with the point behind the first `whole` of them, which may be negative or beyond their
 /// end.
 void AppendPlaced(std::string& out, bool isNegative, const char* digits, int count, int whole)
@@ -29,6 +33,9 @@ void AppendPlaced(std::string& out, bool isNegative, const char* digits, int cou
         out.append(digits, static_cast<std::size_t>(count));
         if (whole > count) {
             out.append(static_cast<std::size_t>(whole - count), '0');
+        }
+        if (whole > digitsOfIntegers) {
+            out.append(".0");
         }
         return;
     }

@@ -36,9 +36,9 @@ bool ParseNumber(std::string_view text, int decimalShift, ParsedNumber& number);
 bool ParseFloat(std::string_view text, float& value);
 
 /// Appends the shortest decimal that `ParseNumber(text, decimalShift, ...)` reads back as the same double,
-/// bit by bit: no exponent, no point at the end, a zero in front of a leading point, `-0` for negative zero.
-/// The length is below 350 for shifts of up to three. Throws std::invalid_argument for infinities and what is
-/// not a number.
+/// bit by bit: no exponent, no point at the end (but `.0` behind more than 18 digits, which is more than an
+/// integer of 64 bits holds), a zero in front of a leading point, `-0` for negative zero. The length is below
+/// 350 for shifts of up to three. Throws std::invalid_argument for infinities and what is not a number.
 void AppendNumber(std::string& out, double value, int decimalShift);
 
 /// As AppendNumber without a shift, with the fewest digits that ParseFloat needs.

@@ -19,14 +19,16 @@ namespace OrvPdf
 namespace
 {
 
-bool CanBeDecoded(QPDFObjectHandle stream, qpdf_stream_decode_level_e level)
+/// The data of pictures (DCT and the like) isn't tried: the library that would do it prints its warnings, and
+/// a picture that other programs still show in part is best left alone.
+bool CanBeDecoded(QPDFObjectHandle stream)
 {
     if (stream.getDict().getKey("/Filter").isNull() && stream.getDict().getKey("/DecodeParms").isNull()) {
         return true;
     }
     try {
         Pl_Discard nowhere;
-        return stream.pipeStreamData(&nowhere, nullptr, 0, level, true, false);
+        return stream.pipeStreamData(&nowhere, nullptr, 0, qpdf_dl_specialized, true, false);
     } catch (const QPDFExc&) {
         return false;
     }
@@ -98,12 +100,11 @@ std::vector<std::string> CheckSourceStreams(std::vector<QPDFObjectHandle> stream
                   return left.getObjGen() < right.getObjGen();
               });
     std::vector<std::string> errors;
-    const qpdf_stream_decode_level_e level = source.WasRepaired() ? qpdf_dl_all : qpdf_dl_specialized;
     for (QPDFObjectHandle& stream : streams) {
         if (TrimPicture(stream)) {
             errors.push_back(DescribeObject(stream) + ": white space before the picture's data is left out");
         }
-        if (!CanBeDecoded(stream, level)) {
+        if (!CanBeDecoded(stream)) {
             errors.push_back(Replace(stream, maker, source));
         }
         stream.setFilterOnWrite(false);

@@ -193,6 +193,13 @@ TEST_F(LayerTest, PrintsInOneLine)
     EXPECT_EQ(Print(LayerPointer()), "(no layer)");
 }
 
+TEST_F(LayerTest, ALayerThatDoesNotPrintSaysSo)
+{
+    const LayerPointer a = layers.AddLayer("a");
+    configuration.SetLayerPrintState(a, LayerConfiguration::PrintState::NotPrinting);
+    EXPECT_EQ(Print(a), "\"a\" (not printing)");
+}
+
 TEST_F(LayerTest, AnObjectRenamesItsLayerForAll)
 {
     const LayerPointer a = layers.AddLayer("a");

@@ -287,7 +287,8 @@ TEST(AppendNumber, WritesTheShortestText)
     EXPECT_EQ(Text(12.0), "12");
     EXPECT_EQ(Text(-12.5), "-12.5");
     EXPECT_EQ(Text(0.1), "0.1");
-    EXPECT_EQ(Text(1e22), "1" + std::string(22, '0'));
+    EXPECT_EQ(Text(1e17), "1" + std::string(17, '0'));
+    EXPECT_EQ(Text(1e22), "1" + std::string(22, '0') + ".0");
     EXPECT_EQ(Text(1e-10), "0.0000000001");
     EXPECT_EQ(Text(1.0 / 3), "0.3333333333333333");
     EXPECT_EQ(Text(5e-324), "0." + std::string(323, '0') + "5");
