@@ -1,5 +1,7 @@
 #include "flat_child_iterator.h"
 
+#include "prefetch.h"
+
 #include <orv_doc/group.h>
 
 #include <typeinfo>
@@ -51,8 +53,10 @@ const OrvDoc::ContentObject* FlatChildIterator::Next()
                 heldCounts.push_back(0);
                 again = true;
                 current = group->children.first;
-            } else
+            } else {
                 current = item->next;
+                PrefetchAround(current);
+            }
         }
         CloseFinishedLevels();
         if (!again)

@@ -101,7 +101,10 @@ bool PositionsMatch(const Plexa::TransformationBase<MilliPoints>& left,
     const Plexa::PointBase<MilliPoints> offset((leftImage.x.value - rightImage.x.value) * milliPointsInAPoint,
                                                (leftImage.y.value - rightImage.y.value) *
                                                    milliPointsInAPoint);
-    return positionTolerance > Plexa::GetLength(offset).value;
+    // Most pairs lie at one and the same place, whose distance needs no root. Infinite places have none:
+    // their offset is no number.
+    const bool isZero = offset.x.value == 0.0 && offset.y.value == 0.0;
+    return isZero || positionTolerance > Plexa::GetLength(offset).value;
 }
 
 template <typename Object>

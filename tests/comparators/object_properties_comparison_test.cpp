@@ -224,6 +224,8 @@ TEST(Position, NumbersThatAreNotFiniteMatchNothing)
 {
     const auto group = At(std::nan(""), 0.0);
     EXPECT_THAT(Labels(*group, *group), ElementsAre("ObjectAbsoluteTransformation"));
+    const auto infinite = At(HUGE_VAL, 0.0);
+    EXPECT_THAT(Labels(*infinite, *infinite), ElementsAre("ObjectAbsoluteTransformation"));
 }
 
 TEST(Position, IsThatOnThePage)
