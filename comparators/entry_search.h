@@ -24,4 +24,23 @@ bool EachHasAPartner(const std::vector<Entry>& left, const std::vector<Entry>& r
     return true;
 }
 
+/// Whether two colour or mapping lists say the same, in whatever order: their flags agree, and the values do
+/// by the test, name by name. Lists that stand for all separations agree if their values for all do, whatever
+/// entries they hold.
+template <typename List, typename Test>
+bool NamedListsEqual(const List& left, const List& right, Test valuesEqual)
+{
+    if (left.all != right.all)
+        return false;
+    if (left.all && !valuesEqual(left.valueForAll, right.valueForAll))
+        return false;
+    if (left.overprint != right.overprint)
+        return false;
+    if (left.all)
+        return true;
+    return EachHasAPartner(left.entries, right.entries, [&valuesEqual](const auto& one, const auto& other) {
+        return one.name == other.name && valuesEqual(one.value, other.value);
+    });
+}
+
 } // namespace HarrowSupport::Comparators

@@ -56,17 +56,8 @@ bool MappingValuesEqual(const ChannelValue& left, const ChannelValue& right)
 template <typename List>
 bool ListsEqual(const List& left, const List& right)
 {
-    if (left.all != right.all)
-        return false;
-    if (left.all && !MappingValuesEqual(left.valueForAll, right.valueForAll))
-        return false;
-    if (left.overprint != right.overprint)
-        return false;
-    if (left.all)
-        return true;
-    return EachHasAPartner(left.entries, right.entries, [](const auto& one, const auto& other) {
-        return one.name == other.name && MappingValuesEqual(one.value, other.value);
-    });
+    return NamedListsEqual(left, right,
+                           [](const auto& one, const auto& other) { return MappingValuesEqual(one, other); });
 }
 
 template <typename List>

@@ -9,6 +9,7 @@
 #include <orv_doc/read_options.h>
 #include <orv_doc/write_options.h>
 
+#include "support/file_bytes.h"
 #include "support/random_documents.h"
 #include "support/recording_reporter.h"
 #include "support/temporary_folder.h"
@@ -17,9 +18,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fstream>
 #include <regex>
-#include <sstream>
 
 namespace HarrowSupport::Testing
 {
@@ -88,19 +87,11 @@ std::string AllErrors(OrvDoc::Document& document)
     return text;
 }
 
-std::string Bytes(const boost::filesystem::path& file)
-{
-    std::ifstream stream(file.string(), std::ios::binary);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
-}
-
 // The bytes of a file but for its ID, which is made anew each time.
-std::string BytesButForTheID(const boost::filesystem::path& file)
+std::string BytesButForTheID(const std::string& file)
 {
     static const std::regex id("/ID \\[<[0-9a-f]*><[0-9a-f]*>\\]");
-    return std::regex_replace(Bytes(file), id, "/ID []");
+    return std::regex_replace(FileBytes(file), id, "/ID []");
 }
 
 TEST(DocumentLaws, ADocumentComesBackFromAFileAsItWas)

@@ -5,27 +5,18 @@
 #include <orv_doc/read_options.h>
 #include <orv_doc/write_options.h>
 
+#include "support/file_bytes.h"
 #include "support/random_documents.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <random>
-#include <sstream>
 
 namespace HarrowSupport::Testing
 {
 namespace
 {
-
-std::string Bytes(const boost::filesystem::path& file)
-{
-    std::ifstream stream(file.string(), std::ios::binary);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
-}
 
 // Changes some bytes, or takes a piece out, doubles it or cuts the end off.
 std::string Damage(std::string bytes, std::mt19937& random)
@@ -70,7 +61,7 @@ TEST(HostileFiles, DamagedBytesGiveADocumentOrARuntimeErrorThatNamesTheFile)
 {
     const TemporaryFolder folder;
     const auto leaflet = boost::filesystem::path(HARROW_SOURCE_FOLDER) / "examples/data/leaflet-v1.pdf";
-    const std::string sound = Bytes(leaflet);
+    const std::string sound = FileBytes(leaflet.string());
     ASSERT_FALSE(sound.empty());
     std::size_t read = 0;
     for (std::uint32_t seed = FirstSeed(); seed < FirstSeed() + 60; ++seed) {

@@ -6,6 +6,7 @@
 #include <orv_doc/write_options.h>
 
 #include "support/child_process.h"
+#include "support/file_bytes.h"
 #include "support/temporary_folder.h"
 
 #include <boost/filesystem/operations.hpp>
@@ -14,8 +15,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <sstream>
 
 namespace HarrowSupport::Testing
 {
@@ -47,10 +46,7 @@ std::vector<std::string> Render(const TemporaryFolder& folder, const std::string
     std::sort(names.begin(), names.end());
     std::vector<std::string> pictures;
     for (const auto& name : names) {
-        std::ifstream stream(name.string(), std::ios::binary);
-        std::ostringstream bytes;
-        bytes << stream.rdbuf();
-        pictures.push_back(bytes.str());
+        pictures.push_back(FileBytes(name.string()));
     }
     return pictures;
 }

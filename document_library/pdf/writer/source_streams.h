@@ -15,8 +15,7 @@ class SourceFile;
 /// that can't be decoded are replaced by what can be decoded of them. White space before the data of a JPEG
 /// picture goes. Returns an error for each of these, by object numbers.
 ///
-/// The data of pictures' own filters are only tried in a file that had to be repaired, where they may have
-/// been cut off: that takes more time than all other writing.
+/// What lies under a picture's own filter (DCT and the like) isn't tried.
 std::vector<std::string> CheckSourceStreams(std::vector<QPDFObjectHandle> streams, ObjectMaker& maker,
                                             const SourceFile& source);
 

@@ -1,7 +1,5 @@
 #include "pdf/writer/atomic_file.h"
 
-#include <fstream>
-#include <sstream>
 #include <stdexcept>
 
 #include <sys/stat.h>
@@ -11,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/file_bytes.h"
 #include "support/temporary_folder.h"
 
 namespace OrvPdf
@@ -18,18 +17,11 @@ namespace OrvPdf
 namespace
 {
 
+using HarrowSupport::Testing::FileBytes;
 using HarrowSupport::Testing::TemporaryFolder;
 using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-
-std::string Read(const std::string& file)
-{
-    std::ifstream stream(file, std::ios::binary);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
-}
 
 void Write(const std::string& file, const std::string& bytes)
 {
@@ -64,7 +56,7 @@ TEST(AtomicFile, WritesANewFile)
 {
     const TemporaryFolder folder;
     Write(folder.NameOf("a.pdf"), "new");
-    EXPECT_EQ(Read(folder.NameOf("a.pdf")), "new");
+    EXPECT_EQ(FileBytes(folder.NameOf("a.pdf")), "new");
     EXPECT_EQ(CountFiles(folder), 1u);
 }
 
@@ -75,9 +67,9 @@ TEST(AtomicFile, LeavesTheOldFileUntilTheNewOneIsWhole)
     {
         AtomicFile atomic(file);
         atomic.Write("new", 3);
-        EXPECT_EQ(Read(file), "old");
+        EXPECT_EQ(FileBytes(file), "old");
     }
-    EXPECT_EQ(Read(file), "old");
+    EXPECT_EQ(FileBytes(file), "old");
     EXPECT_EQ(CountFiles(folder), 1u);
 }
 
@@ -105,7 +97,7 @@ TEST(AtomicFile, WritesThroughASymbolicLink)
     const std::string file = folder.Write("target.pdf", "old");
     boost::filesystem::create_symlink("target.pdf", folder.NameOf("link.pdf"));
     Write(folder.NameOf("link.pdf"), "new");
-    EXPECT_EQ(Read(file), "new");
+    EXPECT_EQ(FileBytes(file), "new");
     EXPECT_TRUE(boost::filesystem::is_symlink(folder.NameOf("link.pdf")));
 }
 
@@ -114,7 +106,7 @@ TEST(AtomicFile, TakesTheLongestNameThatAFolderTakes)
     const TemporaryFolder folder;
     const std::string file = folder.NameOf(std::string(251, 'n') + ".pdf");
     Write(file, "new");
-    EXPECT_EQ(Read(file), "new");
+    EXPECT_EQ(FileBytes(file), "new");
 }
 
 TEST(AtomicFile, FailsInAFolderThatIsNotThere)
@@ -155,7 +147,7 @@ TEST(AtomicFile, FailsInAFolderThatMayNotBeWritten)
     ASSERT_TRUE(!isRoot || ::seteuid(0) == 0);
     EXPECT_THAT(failure, HasSubstr("Permission denied"));
     ::chmod(folder.GetPath().c_str(), 0755);
-    EXPECT_EQ(Read(file), "old");
+    EXPECT_EQ(FileBytes(file), "old");
 }
 
 } // namespace

@@ -1,6 +1,4 @@
 #include <algorithm>
-#include <fstream>
-#include <sstream>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,6 +10,7 @@
 #include <orv_doc/layers.h>
 #include <orv_sys/error.h>
 
+#include "support/file_bytes.h"
 #include "support/pdf_text.h"
 #include "support/temporary_folder.h"
 #include "writer_test_support.h"
@@ -70,13 +69,7 @@ protected:
 
     std::string Name() const { return folder.NameOf("out.pdf"); }
 
-    std::string Bytes() const
-    {
-        std::ifstream stream(Name(), std::ios::binary);
-        std::ostringstream text;
-        text << stream.rdbuf();
-        return text.str();
-    }
+    std::string Bytes() const { return HarrowSupport::Testing::FileBytes(Name()); }
 
     TemporaryFolder folder;
 
