@@ -9,6 +9,7 @@
 #include <orv_doc/read_options.h>
 #include <orv_doc/write_options.h>
 
+#include "support/counting_reporter.h"
 #include "support/generated_files.h"
 #include "support/measure.h"
 
@@ -17,18 +18,6 @@ namespace
 
 using namespace Benchmarks;
 using namespace HarrowSupport;
-
-class CountingReporter : public Comparators::Reporter
-{
-public:
-    void Report(Comparators::ReportKind, const std::string&, const Comparators::LocationPath&,
-                const Comparators::LocationPath&, const std::string&) override
-    {
-        ++count;
-    }
-
-    std::size_t count = 0;
-};
 
 struct Costs
 {
@@ -66,12 +55,9 @@ Costs MeasureDocument(std::size_t objects)
         best.read = std::min(best.read, Seconds([&] { read(left); }));
         best.read = std::min(best.read, Seconds([&] { read(right); }));
         CountingReporter reporter;
-        Comparators::Options options{};
-        options.compareImageData = true;
-        options.compareSeparationInfo = true;
         for (int repetition = 0; repetition < 5; ++repetition) {
-            best.compare = std::min(best.compare,
-                                    Seconds([&] { Comparators::Compare(reporter, *left, *right, options); }));
+            best.compare = std::min(
+                best.compare, Seconds([&] { Comparators::Compare(reporter, *left, *right, AllOptions()); }));
         }
         if (reporter.count != 0) {
             throw std::runtime_error("equal documents were reported as different");

@@ -3,67 +3,27 @@
 #include <string>
 #include <utility>
 
-#include <boost/filesystem/operations.hpp>
 #include <boost/filesystem/path.hpp>
 
 #include <orv_doc/document.h>
-#include <orv_doc/properties.h>
 
-#include "round_trip/remove_file.h"
+#include "round_trip/temporary_file.h"
 
 namespace HarrowSupport
 {
 
-namespace
-{
-
-boost::filesystem::path MakeTemporaryPath(boost::string_view name)
+void SaveAndReopen(std::unique_ptr<OrvDoc::Document>& document, boost::string_view name,
+                   const OrvDoc::WriteOptions& writeOptions, const OrvDoc::ReadOptions& readOptions)
 {
     std::string model = "Harrow-";
     model.append(name.data(), name.size());
     model.append("-%%%%-%%%%-%%%%-%%%%.pdf");
-    const boost::filesystem::path unique =
-        boost::filesystem::unique_path(boost::filesystem::path(model, boost::filesystem::path::codecvt()));
-    boost::filesystem::path path = boost::filesystem::temp_directory_path();
-    path /= unique;
-    return path;
-}
-
-/// A share in the file's owner while the document is about to take it over. Unless it is let go of, it takes
-/// the path away from the owner: a file that no document came to own stays on disk.
-class PassingShare
-{
-public:
-    explicit PassingShare(const std::shared_ptr<RemoveFile>& file) : owner(file) {}
-    ~PassingShare()
-    {
-        if (owner != nullptr)
-            owner->path.clear();
-    }
-    PassingShare(const PassingShare&) = delete;
-    PassingShare& operator=(const PassingShare&) = delete;
-
-    void LetGo() { owner.reset(); }
-
-private:
-    std::shared_ptr<RemoveFile> owner;
-};
-
-} // namespace
-
-void SaveAndReopen(std::unique_ptr<OrvDoc::Document>& document, boost::string_view name,
-                   const OrvDoc::WriteOptions& writeOptions, const OrvDoc::ReadOptions& readOptions)
-{
-    boost::filesystem::path path = MakeTemporaryPath(name);
+    boost::filesystem::path path = MakeTemporaryPath(model);
     document->Save(path, writeOptions);
     // Before the file is read, so that no two documents exist side by side.
     document.reset();
     document = OrvDoc::Document::Create(path, readOptions);
-    OrvDoc::Properties& properties = document->GetProperties();
-    auto removeFile = std::make_shared<RemoveFile>(std::move(path));
-    PassingShare share(removeFile);
-    properties.Set(RemoveFileKey, std::move(removeFile));
-    share.LetGo();
+    GiveFileToDocument(std::move(path), *document);
 }
 
 } // namespace HarrowSupport

@@ -9,6 +9,7 @@
 #include <orv_doc/read_options.h>
 #include <orv_doc/write_options.h>
 
+#include "support/document_laws.h"
 #include "support/file_bytes.h"
 #include "support/random_documents.h"
 #include "support/recording_reporter.h"
@@ -27,9 +28,6 @@ namespace
 
 constexpr std::uint32_t documents = 300;
 
-// What a law finds wrong with the document of a plan; empty if it holds.
-using Law = std::function<std::string(const PlannedDocument&)>;
-
 std::unique_ptr<OrvDoc::Document> Read(const boost::filesystem::path& file)
 {
     return OrvDoc::Document::Create(file, OrvDoc::ReadOptions());
@@ -38,39 +36,6 @@ std::unique_ptr<OrvDoc::Document> Read(const boost::filesystem::path& file)
 void Write(OrvDoc::Document& document, const boost::filesystem::path& file)
 {
     document.Save(file, OrvDoc::WriteOptions(OrvDoc::WriteOptions::Flavour::Full));
-}
-
-// Runs a law over many documents; a failure shows the smallest document found, its seed and what is wrong
-// with it.
-void ExpectLaw(const Law& law, std::uint32_t count)
-{
-    const auto guarded = [&law](const PlannedDocument& plan) {
-        try {
-            return law(plan);
-        } catch (const std::exception& error) {
-            return std::string("exception: ") + error.what();
-        }
-    };
-    for (std::uint32_t seed = FirstSeed(); seed < FirstSeed() + count; ++seed) {
-        const PlannedDocument plan = PlanDocument(seed);
-        if (guarded(plan).empty()) {
-            continue;
-        }
-        const PlannedDocument smallest =
-            Shrink(plan, [&guarded](const PlannedDocument& smaller) { return !guarded(smaller).empty(); });
-        FAIL() << "HARROW_SEED=" << seed << " (the first of a run over " << count << ")\n"
-               << guarded(smallest) << "\n"
-               << Describe(smallest);
-    }
-}
-
-std::string Lines(const std::vector<std::string>& lines)
-{
-    std::string text;
-    for (const std::string& line : lines) {
-        text += line + "\n";
-    }
-    return text;
 }
 
 std::string AllErrors(OrvDoc::Document& document)

@@ -1,10 +1,8 @@
 #include <harrow_support/round_trip.h>
 
 #include <cstdlib>
-#include <fstream>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include <boost/any.hpp>
 #include <boost/filesystem/operations.hpp>
@@ -13,6 +11,7 @@
 
 #include <orv_doc/properties.h>
 
+#include "own_temporary_directory.h"
 #include "round_trip/remove_file.h"
 #include "support/document_makers.h"
 #include "support/recording_reporter.h"
@@ -28,46 +27,8 @@ using ::testing::MatchesRegex;
 
 const OrvDoc::WriteOptions writeOptions(OrvDoc::WriteOptions::Flavour::Full);
 
-/// A temporary directory that belongs to the test alone.
-class SaveAndReopenTest : public ::testing::Test
-{
-protected:
-    SaveAndReopenTest()
-    {
-        const char* const given = std::getenv("TMPDIR");
-        before = given ? given : "";
-        ::setenv("TMPDIR", folder.GetPath().c_str(), 1);
-    }
-
-    ~SaveAndReopenTest() override
-    {
-        if (before.empty()) {
-            ::unsetenv("TMPDIR");
-        } else {
-            ::setenv("TMPDIR", before.c_str(), 1);
-        }
-    }
-
-    std::vector<std::string> FileNames() const
-    {
-        std::vector<std::string> names;
-        for (const auto& entry : boost::filesystem::directory_iterator(folder.GetPath())) {
-            names.push_back(entry.path().filename().string());
-        }
-        return names;
-    }
-
-    std::string OnlyFileName() const
-    {
-        const std::vector<std::string> names = FileNames();
-        return names.size() == 1 ? names[0] : "not exactly one file";
-    }
-
-    TemporaryFolder folder;
-
-private:
-    std::string before;
-};
+class SaveAndReopenTest : public OwnTemporaryDirectory
+{};
 
 TEST_F(SaveAndReopenTest, GivesTheSameDocumentBack)
 {

@@ -2,6 +2,8 @@
 
 #include "support/random_objects.h"
 
+#include <harrow_support/content_generator.h>
+
 #include <orv_color/gen_color_profiles.h>
 #include <orv_doc/dump.h>
 #include <orv_doc/errors.h>
@@ -20,11 +22,6 @@ namespace
 
 using Random = std::mt19937;
 using Layers = std::vector<std::shared_ptr<OrvDoc::LayerProperties>>;
-
-bool CanHaveChildren(PlannedKind kind)
-{
-    return kind != PlannedKind::Path && kind != PlannedKind::ClippingPath && kind != PlannedKind::MarkedPoint;
-}
 
 std::vector<PlannedObject> PlanObjects(Random& random, int depth)
 {
@@ -96,17 +93,21 @@ void MakeOutputIntent(OrvDoc::Document& document, Random& random)
     document.SetOutputIntent(intent);
 }
 
-template <typename Container>
-void AddObjects(Container& container, const std::vector<PlannedObject>& plans, const Layers& layers)
+void AddObjects(ContentGenerator& generator, const std::vector<PlannedObject>& plans, const Layers& layers)
 {
     for (const PlannedObject& plan : plans) {
         Random random(plan.seed);
-        std::unique_ptr<OrvDoc::ContentObject> object = MakeObject(plan.kind, random, layers);
-        if (auto* const group = dynamic_cast<OrvDoc::Group*>(object.get())) {
-            AddObjects(*group, plan.children, layers);
+        if (plan.kind == PlannedKind::Layer && plan.seed % 2 == 0) {
+            generator.BeginLayer(RandomName(random));
+            AddObjects(generator, plan.children, layers);
+            generator.EndLayer();
+        } else if (CanHaveChildren(plan.kind)) {
+            generator.BeginGroup(MakeGroup(plan.kind, random, layers));
+            AddObjects(generator, plan.children, layers);
+            generator.EndGroup();
+        } else {
+            generator.Add(MakeLeaf(plan.kind, random));
         }
-        container.AddOnTop(object.get());
-        object.release();
     }
 }
 
@@ -180,6 +181,8 @@ std::unique_ptr<OrvDoc::Document> MakeDocument(const PlannedDocument& plan)
     auto document = OrvDoc::Document::CreateNew();
     Random random(plan.seed);
     MakeLayers(*document, random);
+    // Those that the objects make for themselves are not among them.
+    const Layers layers = document->GetLayers().GetAllLayers();
     MakeSeparations(*document, random);
     MakeOutputIntent(*document, random);
     for (const PlannedPage& pagePlan : plan.pages) {
@@ -192,7 +195,8 @@ std::unique_ptr<OrvDoc::Document> MakeDocument(const PlannedDocument& plan)
             }
         }
         page.GetContent().SetBlendColorSpace(RandomBlendColorSpace(pageRandom));
-        AddObjects(page.GetContent(), pagePlan.objects, document->GetLayers().GetAllLayers());
+        ContentGenerator generator(page.GetContent());
+        AddObjects(generator, pagePlan.objects, layers);
     }
     return document;
 }

@@ -224,29 +224,6 @@ std::shared_ptr<const OrvDoc::MarkedContent> RandomMark(Random& random, bool isP
     return std::make_shared<const OrvDoc::MarkedContent>(std::move(mark));
 }
 
-std::unique_ptr<OrvDoc::Group> MakeGroup(PlannedKind kind, Random& random,
-                                         const std::vector<std::shared_ptr<OrvDoc::LayerProperties>>& layers)
-{
-    std::unique_ptr<OrvDoc::Group> group;
-    if (kind == PlannedKind::TextGroup) {
-        group = std::make_unique<OrvDoc::TextGroup>();
-    } else if (kind == PlannedKind::Layer) {
-        group = RandomLayer(random, layers);
-    } else {
-        group = std::make_unique<OrvDoc::Group>(kind == PlannedKind::UserGroup
-                                                    ? OrvDoc::Group::Flags::DefaultUserCreated
-                                                    : OrvDoc::Group::Flags::Default);
-    }
-    SetRandomGroupParts(*group, random);
-    if (kind == PlannedKind::NamedGroup) {
-        group->SetName(RandomName(random));
-    }
-    if (kind == PlannedKind::MarkedContent) {
-        group->SetMarkedContent(RandomMark(random, false));
-    }
-    return group;
-}
-
 } // namespace
 
 std::string RandomName(Random& random)
@@ -331,9 +308,35 @@ std::shared_ptr<const OrvPaint::FlatPaint> RandomPaint(Random& random)
         .Get();
 }
 
-std::unique_ptr<OrvDoc::ContentObject>
-MakeObject(PlannedKind kind, Random& random,
-           const std::vector<std::shared_ptr<OrvDoc::LayerProperties>>& layers)
+bool CanHaveChildren(PlannedKind kind)
+{
+    return kind != PlannedKind::Path && kind != PlannedKind::ClippingPath && kind != PlannedKind::MarkedPoint;
+}
+
+std::unique_ptr<OrvDoc::Group> MakeGroup(PlannedKind kind, Random& random,
+                                         const std::vector<std::shared_ptr<OrvDoc::LayerProperties>>& layers)
+{
+    std::unique_ptr<OrvDoc::Group> group;
+    if (kind == PlannedKind::TextGroup) {
+        group = std::make_unique<OrvDoc::TextGroup>();
+    } else if (kind == PlannedKind::Layer) {
+        group = RandomLayer(random, layers);
+    } else {
+        group = std::make_unique<OrvDoc::Group>(kind == PlannedKind::UserGroup
+                                                    ? OrvDoc::Group::Flags::DefaultUserCreated
+                                                    : OrvDoc::Group::Flags::Default);
+    }
+    SetRandomGroupParts(*group, random);
+    if (kind == PlannedKind::NamedGroup) {
+        group->SetName(RandomName(random));
+    }
+    if (kind == PlannedKind::MarkedContent) {
+        group->SetMarkedContent(RandomMark(random, false));
+    }
+    return group;
+}
+
+std::unique_ptr<OrvDoc::ContentObject> MakeLeaf(PlannedKind kind, Random& random)
 {
     if (kind == PlannedKind::ClippingPath) {
         auto path = RandomPath(random);
@@ -344,9 +347,6 @@ MakeObject(PlannedKind kind, Random& random,
         auto point = std::make_unique<OrvDoc::Group>(OrvDoc::Group::Flags::Default);
         point->SetMarkedContent(RandomMark(random, true));
         return point;
-    }
-    if (kind != PlannedKind::Path) {
-        return MakeGroup(kind, random, layers);
     }
     auto path = RandomPath(random);
     if (random() % 3 != 0) {

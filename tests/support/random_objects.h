@@ -5,6 +5,7 @@
 #include <orv_color/component.h>
 #include <orv_doc/blend_color_space.h>
 #include <orv_doc/content_object.h>
+#include <orv_doc/group.h>
 #include <orv_doc/layer_properties.h>
 #include <orv_paint/flat_paint.h>
 
@@ -29,9 +30,13 @@ OrvDoc::BlendColorSpace RandomBlendColorSpace(std::mt19937& random);
 /// Any colour: as a list of separations, or in a colour space of any family.
 std::shared_ptr<const OrvPaint::FlatPaint> RandomPaint(std::mt19937& random);
 
-/// An object without children. `layers` are those of its document.
-std::unique_ptr<OrvDoc::ContentObject>
-MakeObject(PlannedKind kind, std::mt19937& random,
-           const std::vector<std::shared_ptr<OrvDoc::LayerProperties>>& layers);
+/// Whether an object of this kind is a group that MakeGroup makes.
+bool CanHaveChildren(PlannedKind kind);
+
+/// A group without children as yet. `layers` are those that it may stand for.
+std::unique_ptr<OrvDoc::Group> MakeGroup(PlannedKind kind, std::mt19937& random,
+                                         const std::vector<std::shared_ptr<OrvDoc::LayerProperties>>& layers);
+/// An object of a kind that can have no children.
+std::unique_ptr<OrvDoc::ContentObject> MakeLeaf(PlannedKind kind, std::mt19937& random);
 
 } // namespace HarrowSupport::Testing
