@@ -1,6 +1,7 @@
 // Takes a PDF file through the model and back, and compares what comes back with the original.
 
 #include "support/command_line.h"
+#include "support/count.h"
 #include "support/error_list.h"
 #include "support/line_reporter.h"
 #include "support/run_program.h"
@@ -15,7 +16,6 @@
 
 #include <boost/filesystem/operations.hpp>
 
-#include <cstdint>
 #include <iostream>
 #include <memory>
 #include <ostream>
@@ -45,11 +45,6 @@ Exit code: 0 if what came back is equal, 1 if it differs, 2 if the file could no
 standard error then says why, and nothing is written to standard output.
 )";
 
-std::string Count(std::uint64_t count, const std::string& noun)
-{
-    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
 void MarkContentsChanged(OrvDoc::Document& document)
 {
     for (auto page = document.GetPagesBegin(); page != document.GetPagesEnd(); ++page)
@@ -70,7 +65,8 @@ Examples::ExitCode MakeRoundTrip(const std::vector<std::string>& arguments, std:
         MarkContentsChanged(*document);
     // Saving destroys the document and its errors with it, so the errors of writing are asked for before.
     document->Flush();
-    const std::uint64_t errorCount = Examples::WriteActiveErrors(output, *document);
+    const std::vector<Examples::PlacedError> errors = Examples::ListActiveErrors(*document);
+    Examples::WriteErrors(output, errors);
     HarrowSupport::SaveAndReopen(document, "save_and_reopen",
                                  OrvDoc::WriteOptions(OrvDoc::WriteOptions::Flavour::Full), readOptions);
 
@@ -83,8 +79,8 @@ Examples::ExitCode MakeRoundTrip(const std::vector<std::string>& arguments, std:
         boost::filesystem::copy_file(document->GetFilePath(), keptFile,
                                      boost::filesystem::copy_options::overwrite_existing);
     }
-    std::cerr << "save_and_reopen: " << Count(errorCount, "active error") << ", "
-              << Count(reporter.GetDifferenceCount(), "difference") << "\n";
+    std::cerr << "save_and_reopen: " << Examples::Count(errors.size(), "active error") << ", "
+              << Examples::Count(reporter.GetDifferenceCount(), "difference") << "\n";
     return reporter.GetDifferenceCount() == 0 ? Examples::ExitCode::Equal : Examples::ExitCode::Different;
 }
 

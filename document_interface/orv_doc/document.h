@@ -48,7 +48,8 @@ public:
 
     /// Reads a PDF file. Its structure is read now, the content of a page when it is first asked for; the
     /// file itself isn't needed after the call. Throws `std::runtime_error` with the file's name and the
-    /// reason: it can't be read, is no PDF file, has no pages, or needs another password.
+    /// reason: it can't be read, is no PDF file, has no page tree, or needs another password. A page tree in
+    /// which no page can be found gives a document without pages, with an active error.
     static std::unique_ptr<Document> Create(const boost::filesystem::path& file, const ReadOptions& options);
 
     /// Writes the whole document. The file is written aside and renamed, so a file that stood there stays

@@ -1,5 +1,8 @@
 #include "command_line.h"
 
+#include <boost/algorithm/string/erase.hpp>
+#include <boost/algorithm/string/predicate.hpp>
+
 #include <algorithm>
 #include <cstddef>
 
@@ -20,11 +23,21 @@ bool Contains(const std::vector<std::string>& names, const std::string& name)
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-void CheckOperands(const std::vector<std::string>& operands, const std::vector<std::string>& operandNames)
+/// Takes the dots from the name of operands that can be repeated. Returns whether there were any.
+bool TakeDots(std::string& operandName)
 {
+    const bool hasDots = boost::algorithm::ends_with(operandName, "...");
+    if (hasDots)
+        boost::algorithm::erase_tail(operandName, 3);
+    return hasDots;
+}
+
+void CheckOperands(const std::vector<std::string>& operands, std::vector<std::string> operandNames)
+{
+    const bool canBeMore = !operandNames.empty() && TakeDots(operandNames.back());
     if (operands.size() < operandNames.size())
         throw UsageError("no " + operandNames[operands.size()] + " is given");
-    if (operands.size() > operandNames.size())
+    if (operands.size() > operandNames.size() && !canBeMore)
         throw UsageError("there is an argument too many: '" + operands[operandNames.size()] + "'");
 }
 

@@ -22,7 +22,8 @@ struct CommandLineForm
     std::vector<std::string> optionsWithValue;
     /// Options, with their hyphens, that stand alone.
     std::vector<std::string> flags;
-    /// What the operands mean, in their order; as many are needed.
+    /// What the operands mean, in their order; as many are needed. A last one that ends in "..." stands for
+    /// one or more.
     std::vector<std::string> operands;
 };
 

@@ -153,6 +153,24 @@ TEST_F(Corpus, EveryFileComesBackEqualWhenItsContentsAreWrittenAnew)
     }
 }
 
+/// A file without pages opens, but has no first page to try.
+void ExpectFirstPageKept(const ProcessResult& trip, const ProcessResult& opening)
+{
+    const bool hasNoPage = trip.errors.find("there is no page that can be read") != std::string::npos;
+    EXPECT_EQ(Ending(trip), opening.exitCode == 2 || hasNoPage ? "2" : "0") << trip.output << trip.errors;
+    EXPECT_THAT(trip.output, Not(HasSubstr("\tdifference\t")));
+    EXPECT_THAT(trip.errors, Not(HasSubstr("bad_alloc")));
+}
+
+TEST_F(Corpus, TheFirstPageOfEveryFileComesBackEqualToACopy)
+{
+    for (const CorpusOutcome& outcome : outcomes) {
+        SCOPED_TRACE(outcome.file);
+        ExpectFirstPageKept(outcome.firstPage, outcome.roundTrip.process);
+        ExpectFirstPageKept(outcome.firstPageWithoutFile, outcome.roundTrip.process);
+    }
+}
+
 void ExpectCleanToQpdf(const RoundTripOutcome& outcome)
 {
     EXPECT_THAT(Verdict(outcome), AnyOf("clean", "-")) << outcome.check.output << outcome.check.errors;

@@ -203,8 +203,7 @@ class CompareEncryptedDocuments : public CompareDocuments
 protected:
     void SetUp() override
     {
-        const ProcessResult made = RunProcess(
-            {"qpdf", "--encrypt", "secret", "owner", "256", "--", ExampleFile("leaflet-v1.pdf"), encrypted});
+        const ProcessResult made = WriteEncryptedLeaflet(encrypted);
         if (made.exitCode == 127)
             GTEST_SKIP() << "qpdf, which encrypts the file of this test, is not installed";
         ASSERT_EQ(made.exitCode, 0) << made.errors;

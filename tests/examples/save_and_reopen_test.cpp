@@ -89,24 +89,19 @@ TEST_F(SaveAndReopenExample, KeepsWhatWasSaved)
     EXPECT_EQ(comparison.exitCode, 0) << comparison.output << comparison.errors;
 }
 
-/// A file with a page that sets automatic stroke adjustment, for which the model has no place.
-std::string FileWithStrokeAdjustment()
-{
-    return PdfFileOfPages({"/Adjusted gs " + Triangle("10 10")}, "",
-                          "/ExtGState << /Adjusted << /SA true >> >>");
-}
-
 TEST_F(SaveAndReopenExample, KeepsTheContentOfAPageThatItCouldNotReadWhole)
 {
     const std::string kept = folder.NameOf("kept.pdf");
-    ASSERT_EQ(Run({"--keep", kept, folder.Write("odd.pdf", FileWithStrokeAdjustment())}).exitCode, 0);
+    ASSERT_EQ(
+        Run({"--keep", kept, folder.Write("odd.pdf", FileWithStrokeAdjustment(Triangle("10 10")))}).exitCode,
+        0);
     EXPECT_THAT(Run({kept}).errors, HasSubstr("1 active error, "));
 }
 
 TEST_F(SaveAndReopenExample, WritesSuchAContentAnewIfAsked)
 {
     const std::string kept = folder.NameOf("kept.pdf");
-    const std::string file = folder.Write("odd.pdf", FileWithStrokeAdjustment());
+    const std::string file = folder.Write("odd.pdf", FileWithStrokeAdjustment(Triangle("10 10")));
     ASSERT_EQ(Run({"--rewrite", "--keep", kept, file}).exitCode, 0);
     EXPECT_THAT(Run({kept}).errors, HasSubstr("0 active errors, "));
 }

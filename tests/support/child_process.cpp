@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <stdexcept>
+#include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <system_error>
@@ -63,6 +64,30 @@ private:
     std::array<int, 2> ends{};
 };
 
+/// A file in memory that other children do not inherit, to be read from its beginning.
+class MemoryFile
+{
+public:
+    explicit MemoryFile(const std::string& bytes) : descriptor(memfd_create("input", MFD_CLOEXEC))
+    {
+        if (descriptor < 0)
+            ThrowSystemError("memfd_create");
+        // Memory takes all bytes at once.
+        if (pwrite(descriptor, bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size())) {
+            close(descriptor);
+            ThrowSystemError("pwrite");
+        }
+    }
+    ~MemoryFile() { close(descriptor); }
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
+
+    int GetDescriptor() const { return descriptor; }
+
+private:
+    int descriptor;
+};
+
 /// Strings in the form that exec takes. They must outlive the result.
 std::vector<char*> PointersTo(const std::vector<std::string>& strings)
 {
@@ -88,11 +113,10 @@ std::vector<std::string> EnvironmentWith(const std::vector<std::string>& changes
     return result;
 }
 
-[[noreturn]] void BecomeProgram(char* const* command, char* const* environment, int output, int errors,
-                                std::uint64_t addressSpace)
+[[noreturn]] void BecomeProgram(char* const* command, char* const* environment, int input, int output,
+                                int errors, std::uint64_t addressSpace)
 {
-    const int nothing = open("/dev/null", O_RDONLY);
-    bool ready = nothing >= 0 && dup2(nothing, STDIN_FILENO) >= 0 && dup2(output, STDOUT_FILENO) >= 0 &&
+    bool ready = dup2(input, STDIN_FILENO) >= 0 && dup2(output, STDOUT_FILENO) >= 0 &&
                  dup2(errors, STDERR_FILENO) >= 0;
     if (addressSpace != 0) {
         const rlimit limit{static_cast<rlim_t>(addressSpace), static_cast<rlim_t>(addressSpace)};
@@ -165,10 +189,11 @@ void WaitForEnd(pid_t child, Clock::time_point deadline, ProcessResult& result)
 } // namespace
 
 ProcessResult RunProcess(const std::vector<std::string>& command, const ProcessLimits& limits,
-                         const std::vector<std::string>& environment)
+                         const std::vector<std::string>& environment, const std::string& input)
 {
     if (command.empty())
         throw std::invalid_argument("RunProcess: there is no command");
+    const MemoryFile inputFile(input);
     Pipe output;
     Pipe errors;
     const std::vector<std::string> variables = EnvironmentWith(environment);
@@ -180,8 +205,8 @@ ProcessResult RunProcess(const std::vector<std::string>& command, const ProcessL
     if (child < 0)
         ThrowSystemError("fork");
     if (child == 0) {
-        BecomeProgram(commandPointers.data(), variablePointers.data(), output.GetWriteEnd(),
-                      errors.GetWriteEnd(), limits.addressSpace);
+        BecomeProgram(commandPointers.data(), variablePointers.data(), inputFile.GetDescriptor(),
+                      output.GetWriteEnd(), errors.GetWriteEnd(), limits.addressSpace);
     }
     output.CloseWriteEnd();
     errors.CloseWriteEnd();

@@ -31,13 +31,13 @@ struct ProcessResult
     double peakMebibytes = 0.0;
 };
 
-/// Runs a program to its end, with nothing to read on standard input. Safe to call from several threads at
-/// once.
+/// Runs a program to its end. Safe to call from several threads at once.
 ///
 /// @param command      the program's file, or a name that PATH leads to, and its arguments
 /// @param environment  entries `NAME=value` that are added to this process's environment or replace there
+/// @param input        what the program can read on standard input
 /// @throws std::system_error if no process can be made
 ProcessResult RunProcess(const std::vector<std::string>& command, const ProcessLimits& limits = {},
-                         const std::vector<std::string>& environment = {});
+                         const std::vector<std::string>& environment = {}, const std::string& input = {});
 
 } // namespace HarrowSupport::Testing

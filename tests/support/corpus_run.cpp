@@ -67,6 +67,13 @@ RoundTripOutcome MakeRoundTrip(const std::string& file, std::vector<std::string>
     return outcome;
 }
 
+ProcessResult TryFirstPage(std::vector<std::string> arguments, const ProcessLimits& limits)
+{
+    const TemporaryFolder scratch;
+    arguments.insert(arguments.begin(), ExampleProgram("round_trip"));
+    return RunProcess(arguments, limits, {"TMPDIR=" + scratch.GetPath().string()});
+}
+
 CorpusOutcome RunOver(const std::string& folder, const std::string& file, const ProcessLimits& limits)
 {
     const std::string fullName = folder + "/" + file;
@@ -76,6 +83,8 @@ CorpusOutcome RunOver(const std::string& folder, const std::string& file, const 
     outcome.rewritten = MakeRoundTrip(fullName, {"--rewrite"}, limits);
     outcome.comparisonWithItself =
         RunProcess({ExampleProgram("compare_documents"), fullName, fullName}, limits);
+    outcome.firstPage = TryFirstPage({fullName}, limits);
+    outcome.firstPageWithoutFile = TryFirstPage({"--flush", fullName}, limits);
     return outcome;
 }
 
@@ -94,14 +103,16 @@ std::string FirstLine(const std::string& text)
 std::vector<Row> TableOf(const std::vector<CorpusOutcome>& outcomes)
 {
     std::vector<Row> rows{{"file", "exit", "seconds", "peak MiB", "differences", "active errors", "qpdf",
-                           "rewritten", "differences", "qpdf", "with itself", "message"}};
+                           "rewritten", "differences", "qpdf", "with itself", "first page", "no file",
+                           "message"}};
     for (const CorpusOutcome& outcome : outcomes) {
         const RoundTripOutcome& trip = outcome.roundTrip;
         rows.push_back({outcome.file, Ending(trip.process), WithDecimals(trip.process.seconds, 2),
                         WithDecimals(trip.process.peakMebibytes, 0), std::to_string(trip.differences),
                         std::to_string(trip.activeErrors), Verdict(trip), Ending(outcome.rewritten.process),
                         std::to_string(outcome.rewritten.differences), Verdict(outcome.rewritten),
-                        Ending(outcome.comparisonWithItself), FirstLine(trip.process.errors)});
+                        Ending(outcome.comparisonWithItself), Ending(outcome.firstPage),
+                        Ending(outcome.firstPageWithoutFile), FirstLine(trip.process.errors)});
     }
     return rows;
 }

@@ -35,6 +35,10 @@ struct CorpusOutcome
     RoundTripOutcome rewritten;
     /// `compare_documents FILE FILE`.
     ProcessResult comparisonWithItself;
+    /// `round_trip FILE`.
+    ProcessResult firstPage;
+    /// `round_trip --flush FILE`.
+    ProcessResult firstPageWithoutFile;
 };
 
 /// Runs over all files `*.pdf` below a folder, each program in a process of its own within the limits,
