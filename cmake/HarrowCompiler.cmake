@@ -34,6 +34,13 @@ elseif(HARROW_SANITIZE STREQUAL "thread")
 elseif(HARROW_SANITIZE)
     message(FATAL_ERROR "HARROW_SANITIZE is '${HARROW_SANITIZE}'; it may be empty, 'address' or 'thread'.")
 endif()
+if(HARROW_BUILD_FUZZERS)
+    if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        message(FATAL_ERROR "HARROW_BUILD_FUZZERS needs clang, which has the fuzzing engine: cmake --preset fuzz.")
+    endif()
+    # Lets the engine see which lines of the libraries an input reaches.
+    list(APPEND harrowSanitizerFlags -fsanitize=fuzzer-no-link)
+endif()
 
 function(harrow_compile_options target)
     set_target_properties(${target} PROPERTIES

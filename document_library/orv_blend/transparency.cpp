@@ -11,9 +11,9 @@ const std::shared_ptr<const Transparency>& Transparency::Factory::GetDefault()
     return opaque;
 }
 
-Transparency::Factory& Transparency::Factory::SetBlendMode(BlendMode blendMode)
+Transparency::Factory& Transparency::Factory::SetBlendMode(BlendMode value)
 {
-    fields.blendMode = blendMode;
+    fields.blendMode = value;
     return *this;
 }
 
@@ -29,27 +29,27 @@ Transparency::Factory& Transparency::Factory::SetStrokeAlpha(OrvColor::Component
     return *this;
 }
 
-Transparency::Factory& Transparency::Factory::SetIsolated(bool isolated)
+Transparency::Factory& Transparency::Factory::SetIsolated(bool value)
 {
-    fields.isolated = isolated;
+    fields.isolated = value;
     return *this;
 }
 
-Transparency::Factory& Transparency::Factory::SetKnockout(bool knockout)
+Transparency::Factory& Transparency::Factory::SetKnockout(bool value)
 {
-    fields.knockout = knockout;
+    fields.knockout = value;
     return *this;
 }
 
-Transparency::Factory& Transparency::Factory::SetAlphaIsShape(bool alphaIsShape)
+Transparency::Factory& Transparency::Factory::SetAlphaIsShape(bool value)
 {
-    fields.alphaIsShape = alphaIsShape;
+    fields.alphaIsShape = value;
     return *this;
 }
 
-Transparency::Factory& Transparency::Factory::SetSoftMask(std::shared_ptr<const SoftMask> softMask)
+Transparency::Factory& Transparency::Factory::SetSoftMask(std::shared_ptr<const SoftMask> value)
 {
-    fields.softMask = std::move(softMask);
+    fields.softMask = std::move(value);
     return *this;
 }
 
