@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "orv_paint/colorants.h"
+
 namespace OrvPaint
 {
 
@@ -12,13 +14,7 @@ FlatPaint::~FlatPaint() = default;
 
 OrvColor::ColorList<OrvColor::ColorantPolicy> FlatPaint::GetColorants() const
 {
-    OrvColor::ColorList<OrvColor::ColorantPolicy> colorants;
-    colorants.entries.reserve(color.entries.size());
-    for (const auto& entry : color.entries)
-        colorants.entries.push_back({{}, entry.name});
-    colorants.overprint = color.overprint;
-    colorants.all = color.all;
-    return colorants;
+    return Detail::GetColorantsOf(color);
 }
 
 FlatPaint::Factory::Factory(OrvColor::ColorList<OrvColor::ColorPolicy> color, const OrvDoc::Document*)
