@@ -14,6 +14,7 @@
 #include "pdf/writer/output_intent_writer.h"
 #include "pdf/writer/page_tree_writer.h"
 #include "pdf/writer/page_writer.h"
+#include "pdf/writer/resources_writer.h"
 #include "pdf/writer/separation_info_writer.h"
 #include "pdf/writer/separation_spaces.h"
 #include "pdf/writer/source_streams.h"
@@ -45,9 +46,10 @@ void RequireSize(QPDFObjectHandle trailer)
 }
 
 /// The separations that the pages of the file name, whether the document lists them or not.
-std::vector<std::string> FindNamedSeparations(const PageWriter& pages, const PdfDocumentSource* source)
+std::vector<std::string> FindNamedSeparations(const ResourcesWriter& resources,
+                                              const PdfDocumentSource* source)
 {
-    std::vector<std::string> names = pages.GetNamedSeparations();
+    std::vector<std::string> names = resources.GetNamedSeparations();
     if (source) {
         for (const OrvDoc::Separation::Entry& entry : source->ReadSeparations()) {
             names.push_back(entry.GetName());
@@ -90,7 +92,8 @@ DocumentAssembly AssembleDocument(const OrvDoc::Document& document)
     SeparationSpaces separations(document.GetSeparationInfo());
 
     const std::vector<PageEntry> pages = FindPageObjects(document, source, maker);
-    PageWriter pageWriter(maker, layers, separations);
+    ResourcesWriter resources(maker, layers);
+    PageWriter pageWriter(maker, separations, resources);
     auto entry = pages.begin();
     for (auto page = document.GetPagesBegin(); page != document.GetPagesEnd(); ++page, ++entry) {
         assembly.contentErrors.push_back(pageWriter.Write(*page, *entry));
@@ -98,7 +101,7 @@ DocumentAssembly AssembleDocument(const OrvDoc::Document& document)
     WritePageTree(pages, catalogue, maker);
     WriteLayers(document, source, catalogue, layers);
     WriteOutputIntent(document.GetOutputIntent(), source, catalogue, maker);
-    WriteSeparationInfo(document.GetSeparationInfo(), FindNamedSeparations(pageWriter, source), catalogue,
+    WriteSeparationInfo(document.GetSeparationInfo(), FindNamedSeparations(resources, source), catalogue,
                         maker);
     WriteResolvedLinks(document.GetNormalizedPDFLinks(), catalogue);
     assembly.errors = layers.GetProblems().GetTexts({});

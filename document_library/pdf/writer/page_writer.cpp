@@ -10,10 +10,9 @@
 #include "pdf/reader/page_source.h"
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/writer/content_cleaning.h"
-#include "pdf/writer/layer_objects.h"
 #include "pdf/writer/object_maker.h"
 #include "pdf/writer/page_box_corners.h"
-#include "pdf/writer/property_list_index.h"
+#include "pdf/writer/resources_writer.h"
 
 namespace OrvPdf
 {
@@ -61,25 +60,6 @@ QPDFObjectHandle MakeBox(const Rectangle& box, const char* key, WritingProblems&
         items.push_back(ObjectMaker::MakeLength(number));
     }
     return QPDFObjectHandle::newArray(items);
-}
-
-void ReplaceCategory(QPDFObjectHandle resources, const char* category, QPDFObjectHandle entries)
-{
-    if (entries.getKeys().empty()) {
-        resources.removeKey(category);
-    } else {
-        resources.replaceKey(category, entries);
-    }
-}
-
-QPDFObjectHandle MakeGraphicsState(const OverprintState& state)
-{
-    QPDFObjectHandle dictionary = QPDFObjectHandle::newDictionary();
-    dictionary.replaceKey("/Type", QPDFObjectHandle::newName("/ExtGState"));
-    dictionary.replaceKey("/OP", QPDFObjectHandle::newBool(state.stroke));
-    dictionary.replaceKey("/op", QPDFObjectHandle::newBool(state.fill));
-    dictionary.replaceKey("/OPM", QPDFObjectHandle::newInteger(state.nonzero ? 1 : 0));
-    return dictionary;
 }
 
 } // namespace
@@ -177,53 +157,7 @@ void PageWriter::WriteContentAnew(WrittenContent& content, QPDFObjectHandle dict
     } else {
         dictionary.replaceKey("/Contents", maker.MakeStream(content.bytes));
     }
-    dictionary.replaceKey("/Resources", MakeResources(content, dictionary.getKey("/Resources")));
-}
-
-QPDFObjectHandle PageWriter::MakePropertyLists(const WrittenContent& content)
-{
-    QPDFObjectHandle lists = QPDFObjectHandle::newDictionary();
-    for (std::size_t index = 0; index < content.layers.size(); ++index) {
-        lists.replaceKey("/oc" + std::to_string(index), layers.GetMembership(content.layers[index]));
-    }
-    for (std::size_t index = 0; index < content.propertyLists.size(); ++index) {
-        const OrvDoc::MarkedContent& mark = content.propertyLists[index];
-        const QPDFObjectHandle kept = maker.FindSourceObject(mark.resourceObject);
-        lists.replaceKey("/mc" + std::to_string(index),
-                         IsPresent(kept) ? kept : maker.Make(GetPropertyList(mark)));
-    }
-    return lists;
-}
-
-void PageWriter::NoteSeparations(const OrvColor::ColorSpace* space)
-{
-    for (; space; space = space->GetBase().get()) {
-        for (const std::string& name : space->GetColorantNames()) {
-            if (knownSeparations.insert(name).second) {
-                namedSeparations.push_back(name);
-            }
-        }
-    }
-}
-
-QPDFObjectHandle PageWriter::MakeResources(const WrittenContent& content, QPDFObjectHandle before)
-{
-    QPDFObjectHandle resources =
-        before.isDictionary() ? before.shallowCopy() : QPDFObjectHandle::newDictionary();
-    QPDFObjectHandle spaces = QPDFObjectHandle::newDictionary();
-    for (std::size_t index = 0; index < content.colorSpaces.size(); ++index) {
-        NoteSeparations(content.colorSpaces[index].get());
-        spaces.replaceKey("/cs" + std::to_string(index),
-                          maker.MakeShared(content.colorSpaces[index]->GetDefinition()));
-    }
-    ReplaceCategory(resources, "/ColorSpace", spaces);
-    QPDFObjectHandle states = QPDFObjectHandle::newDictionary();
-    for (std::size_t index = 0; index < content.graphicsStates.size(); ++index) {
-        states.replaceKey("/gs" + std::to_string(index), MakeGraphicsState(content.graphicsStates[index]));
-    }
-    ReplaceCategory(resources, "/ExtGState", states);
-    ReplaceCategory(resources, "/Properties", MakePropertyLists(content));
-    return resources;
+    dictionary.replaceKey("/Resources", resources.Make(content, dictionary.getKey("/Resources")));
 }
 
 } // namespace OrvPdf

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <set>
 #include <string>
 #include <vector>
 
@@ -17,9 +16,9 @@ class Page;
 namespace OrvPdf
 {
 
-class LayerObjects;
 class ObjectMaker;
 class PdfPageSource;
+class ResourcesWriter;
 class SeparationSpaces;
 
 /// Writes pages: their boxes, their contents with the resources that these need, and the colour space of
@@ -27,8 +26,8 @@ class SeparationSpaces;
 class PageWriter
 {
 public:
-    PageWriter(ObjectMaker& givenMaker, LayerObjects& givenLayers, SeparationSpaces& givenSeparations)
-        : maker(givenMaker), layers(givenLayers), separations(givenSeparations)
+    PageWriter(ObjectMaker& givenMaker, SeparationSpaces& givenSeparations, ResourcesWriter& givenResources)
+        : maker(givenMaker), separations(givenSeparations), resources(givenResources)
     {}
 
     /// `entry` is the page of the file that the model's page was read from; for a page that a program made it
@@ -36,25 +35,16 @@ public:
     /// Returns the texts of the active errors of the content.
     std::vector<std::string> Write(const OrvDoc::Page& page, const PageEntry& entry);
 
-    /// The separations that the colour spaces of contents name that were written anew, in order of their
-    /// first occurrence.
-    const std::vector<std::string>& GetNamedSeparations() const { return namedSeparations; }
-
 private:
     void WriteBoxes(const OrvDoc::Page& page, const PdfPageSource* source, QPDFObjectHandle dictionary,
                     WritingProblems& problems);
     void WriteGroup(const OrvDoc::Page& page, QPDFObjectHandle dictionary);
     void KeepContent(const PdfPageSource& source, QPDFObjectHandle dictionary);
     void WriteContentAnew(WrittenContent& content, QPDFObjectHandle dictionary);
-    QPDFObjectHandle MakeResources(const WrittenContent& content, QPDFObjectHandle before);
-    void NoteSeparations(const OrvColor::ColorSpace* space);
-    QPDFObjectHandle MakePropertyLists(const WrittenContent& content);
 
     ObjectMaker& maker;
-    LayerObjects& layers;
     SeparationSpaces& separations;
-    std::vector<std::string> namedSeparations;
-    std::set<std::string> knownSeparations;
+    ResourcesWriter& resources;
 };
 
 } // namespace OrvPdf

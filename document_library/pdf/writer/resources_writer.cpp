@@ -1,0 +1,85 @@
+#include "pdf/writer/resources_writer.h"
+
+#include "pdf/writer/layer_objects.h"
+#include "pdf/writer/object_maker.h"
+#include "pdf/writer/property_list_index.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+void ReplaceCategory(QPDFObjectHandle resources, const char* category, QPDFObjectHandle entries)
+{
+    if (entries.getKeys().empty()) {
+        resources.removeKey(category);
+    } else {
+        resources.replaceKey(category, entries);
+    }
+}
+
+QPDFObjectHandle MakeGraphicsState(const OverprintState& state)
+{
+    QPDFObjectHandle dictionary = QPDFObjectHandle::newDictionary();
+    dictionary.replaceKey("/Type", QPDFObjectHandle::newName("/ExtGState"));
+    dictionary.replaceKey("/OP", QPDFObjectHandle::newBool(state.stroke));
+    dictionary.replaceKey("/op", QPDFObjectHandle::newBool(state.fill));
+    dictionary.replaceKey("/OPM", QPDFObjectHandle::newInteger(state.nonzero ? 1 : 0));
+    return dictionary;
+}
+
+} // namespace
+
+QPDFObjectHandle ResourcesWriter::MakePropertyLists(const WrittenContent& content)
+{
+    QPDFObjectHandle lists = QPDFObjectHandle::newDictionary();
+    for (std::size_t index = 0; index < content.layers.size(); ++index) {
+        lists.replaceKey("/oc" + std::to_string(index), layers.GetMembership(content.layers[index]));
+    }
+    for (std::size_t index = 0; index < content.propertyLists.size(); ++index) {
+        const OrvDoc::MarkedContent& mark = content.propertyLists[index];
+        QPDFObjectHandle kept = maker.FindSourceObject(mark.resourceObject);
+        lists.replaceKey("/mc" + std::to_string(index),
+                         kept.isInitialized() && !kept.isNull() ? kept : maker.Make(GetPropertyList(mark)));
+    }
+    return lists;
+}
+
+void ResourcesWriter::NoteSeparations(const OrvColor::ColorSpace* space)
+{
+    for (; space; space = space->GetBase().get()) {
+        for (const std::string& name : space->GetColorantNames()) {
+            if (knownSeparations.insert(name).second) {
+                namedSeparations.push_back(name);
+            }
+        }
+    }
+}
+
+QPDFObjectHandle ResourcesWriter::MakeColorSpaces(const WrittenContent& content)
+{
+    QPDFObjectHandle spaces = QPDFObjectHandle::newDictionary();
+    for (std::size_t index = 0; index < content.colorSpaces.size(); ++index) {
+        NoteSeparations(content.colorSpaces[index].get());
+        spaces.replaceKey("/cs" + std::to_string(index),
+                          maker.MakeShared(content.colorSpaces[index]->GetDefinition()));
+    }
+    return spaces;
+}
+
+QPDFObjectHandle ResourcesWriter::Make(const WrittenContent& content, QPDFObjectHandle before)
+{
+    QPDFObjectHandle resources =
+        before.isDictionary() ? before.shallowCopy() : QPDFObjectHandle::newDictionary();
+    ReplaceCategory(resources, "/ColorSpace", MakeColorSpaces(content));
+    QPDFObjectHandle states = QPDFObjectHandle::newDictionary();
+    for (std::size_t index = 0; index < content.graphicsStates.size(); ++index) {
+        states.replaceKey("/gs" + std::to_string(index), MakeGraphicsState(content.graphicsStates[index]));
+    }
+    ReplaceCategory(resources, "/ExtGState", states);
+    ReplaceCategory(resources, "/Properties", MakePropertyLists(content));
+    return resources;
+}
+
+} // namespace OrvPdf

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include <qpdf/QPDFObjectHandle.hh>
+
+#include "pdf/writer/content_writer.h"
+
+namespace OrvPdf
+{
+
+class LayerObjects;
+class ObjectMaker;
+
+/// Makes the resource dictionaries of contents that are written anew (ISO 32000-1, 7.8.3).
+class ResourcesWriter
+{
+public:
+    ResourcesWriter(ObjectMaker& givenMaker, LayerObjects& givenLayers)
+        : maker(givenMaker), layers(givenLayers)
+    {}
+
+    /// The resources of a content: those that `before` has, if it is a dictionary, with the categories
+    /// replaced that the content's operators name.
+    QPDFObjectHandle Make(const WrittenContent& content, QPDFObjectHandle before);
+
+    /// The separations that the colour spaces of these contents name, in order of their first occurrence.
+    const std::vector<std::string>& GetNamedSeparations() const { return namedSeparations; }
+
+private:
+    void NoteSeparations(const OrvColor::ColorSpace* space);
+    QPDFObjectHandle MakeColorSpaces(const WrittenContent& content);
+    QPDFObjectHandle MakePropertyLists(const WrittenContent& content);
+
+    ObjectMaker& maker;
+    LayerObjects& layers;
+    std::vector<std::string> namedSeparations;
+    std::set<std::string> knownSeparations;
+};
+
+} // namespace OrvPdf
