@@ -18,6 +18,11 @@ class ContentObject;
 class Document;
 class Errors;
 
+namespace Detail
+{
+class ContentSource;
+}
+
 /// A tree of objects that is painted as a whole: that of a page, a form, a pattern cell or a soft mask. Owns
 /// its objects.
 class ORV_EXPORT Content : public Visitable
@@ -67,6 +72,9 @@ public:
     /// Counts the changes of the content and of everything in it.
     std::uint64_t GetRevision() const { return revision; }
     void MarkChanged() { ++revision; }
+    /// What a content of a form, pattern or soft mask was read from; null for one that a program made.
+    const Detail::ContentSource* GetSource() const { return source.get(); }
+    void SetSource(std::unique_ptr<const Detail::ContentSource> value);
 
 protected:
     void PropagateVisitorSelf(ConstVisitorBase& visitor) const override;
@@ -81,6 +89,7 @@ private:
     BlendColorSpace blendColorSpace;
     boost::optional<TransferFunctionSet> transferFunctions;
     std::unique_ptr<Errors> activeErrors;
+    std::unique_ptr<const Detail::ContentSource> source;
 };
 
 } // namespace OrvDoc

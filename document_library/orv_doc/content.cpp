@@ -7,6 +7,7 @@
 #include <orv_doc/errors.h>
 #include <orv_doc/visitor.h>
 
+#include "orv_doc/content_source.h"
 #include "orv_doc/next_id.h"
 
 namespace OrvDoc
@@ -46,6 +47,11 @@ void Content::SetTransferFunctionSet(boost::optional<TransferFunctionSet> functi
 {
     transferFunctions = std::move(functions);
     MarkChanged();
+}
+
+void Content::SetSource(std::unique_ptr<const Detail::ContentSource> value)
+{
+    source = std::move(value);
 }
 
 void Content::AddOnTop(ContentObject* object)

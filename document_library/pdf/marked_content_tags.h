@@ -16,7 +16,8 @@ inline constexpr const char* textGroup = "OrvTextGroup";
 /// group has beside it, with the properties of a group.
 inline constexpr const char* attributes = "OrvAttributes";
 /// Around the operators of one object that is no group: `Name` (as above), `EvenOdd` (boolean: the winding
-/// rule of a path that nothing fills and that clips nothing).
+/// rule of a path that nothing fills and that clips nothing), `Outline` (boolean: the first path inside,
+/// which clips what follows, is the outline of the object that is filled with the form that follows).
 inline constexpr const char* object = "OrvObject";
 
 /// A marked-content point behind a clipping path that stands under a matrix of its own: `Matrix` has its six
@@ -30,5 +31,17 @@ inline constexpr const char* matrixKey = "Matrix";
 inline constexpr const char* clipKey = "Clip";
 inline constexpr const char* ownClipsKey = "OwnClips";
 inline constexpr const char* evenOddKey = "EvenOdd";
+inline constexpr const char* outlineKey = "Outline";
+
+// Private keys of form XObjects.
+
+/// A boolean: the form is a group of its content for the sake of the group's transparency. Its stream paints
+/// exactly one group.
+inline constexpr const char* groupFormKey = "/OrvGroup";
+/// A form whose content and properties are the same: the two are one form, painted as groups of different
+/// kinds.
+inline constexpr const char* sameFormKey = "/OrvForm";
+/// The blend colour space of a form that is no transparency group.
+inline constexpr const char* blendSpaceKey = "/OrvBlendSpace";
 
 } // namespace OrvPdf::Tags

@@ -1,3 +1,4 @@
+#include "pdf/reader/inherited_parameters.h"
 #include "pdf/reader/interpreter.h"
 
 namespace OrvPdf
@@ -70,9 +71,15 @@ void Interpreter::SetStrokeColorSpace(const Arguments& arguments)
     SetColorSpace(state.stroke, arguments);
 }
 
+void Interpreter::TakeColor(const PaintSetting& setting)
+{
+    state.inherited &= &setting == &state.fill ? ~Inherited::fillColor : ~Inherited::strokeColor;
+}
+
 void Interpreter::SetColorSpace(PaintSetting& setting, const Arguments& arguments)
 {
     const auto space = FindColorSpace(arguments[0].Text(), arguments);
+    TakeColor(setting);
     setting.paint = nullptr;
     if (!space || space->GetFamily() == ColorSpace::Family::Pattern) {
         setting.color = nullptr;
@@ -98,6 +105,7 @@ void Interpreter::SetColor(PaintSetting& setting, const Arguments& arguments)
     if (count > 0 && arguments[count - 1].IsName()) {
         problems.Unmodelled(operatorText, "patterns are not modelled", arguments[count - 1].Text(),
                             arguments.Place());
+        TakeColor(setting);
         setting.color = nullptr;
         setting.paint = nullptr;
         return;
@@ -116,6 +124,8 @@ void Interpreter::SetColor(PaintSetting& setting, const Arguments& arguments)
         problems.Odd(operatorText, "more numbers than the colour space has components; the last ones count",
                      {}, arguments.Place());
     }
+    // The space may be the one from around the form.
+    MarkUsed(&setting == &state.fill ? Inherited::fillColor : Inherited::strokeColor);
     SetColor(setting, setting.color->space, Arguments(arguments.Operation(), needed));
 }
 
@@ -131,6 +141,7 @@ void Interpreter::SetColor(PaintSetting& setting, ColorSpace::Pointer space, con
         }
         isSame = isSame && setting.color->components[index++] == operand.AsFloat();
     }
+    TakeColor(setting);
     if (isSame) {
         return;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +17,8 @@ namespace OrvPdf
 {
 
 class ContentResources;
+struct GraphicsState;
+struct NestedReading;
 
 /// A run of bytes of a content stream.
 struct ByteRange
@@ -37,11 +40,16 @@ struct Interpretation
     /// The parts that no reader can make sense of, in order, with something between any two. A content that
     /// is kept is written with a blank in the place of each, lest what stands on both sides runs together.
     std::vector<ByteRange> damaged;
+    /// The parameters of the state that the content began with that its objects depend on.
+    std::uint32_t usedParameters = 0;
+    /// The contents inside of this one that have something to tell, each once, in order of their first use.
+    std::vector<std::shared_ptr<const NestedReading>> nested;
 };
 
 /// Interprets a decoded content stream into the empty content (ISO 32000-1, 7.8.2 and 8). Throws nothing for
-/// what the stream holds.
+/// what the stream holds. `initial` is the state that it begins with; null stands for that of a page.
 Interpretation InterpretContent(std::string_view stream, ContentResources& resources,
-                                const OrvDoc::ReadOptions::Limits& limits, OrvDoc::Content& content);
+                                const OrvDoc::ReadOptions::Limits& limits, OrvDoc::Content& content,
+                                const GraphicsState* initial = nullptr);
 
 } // namespace OrvPdf

@@ -9,6 +9,8 @@
 #include <orv_doc/layer.h>
 #include <orv_sys/pdf_object.h>
 
+#include "pdf/reader/nested_content.h"
+
 namespace OrvPdf
 {
 
@@ -42,6 +44,23 @@ public:
     };
 
     virtual boost::optional<PropertyList> FindPropertyList(const std::string& name, std::string& problem) = 0;
+
+    /// An external object (8.8).
+    struct XObject
+    {
+        enum class Kind
+        {
+            None,
+            Picture,
+            Form
+        };
+
+        Kind kind = Kind::None;
+        /// Of a form; null if it can't be read.
+        std::shared_ptr<FormDefinition> form;
+    };
+
+    virtual XObject FindXObject(const std::string& name, std::string& problem) = 0;
 };
 
 } // namespace OrvPdf

@@ -3,6 +3,9 @@
 #include <stdexcept>
 #include <utility>
 
+#include "pdf/marked_content_tags.h"
+#include "pdf/reader/qpdf_text.h"
+
 namespace OrvPdf
 {
 
@@ -53,6 +56,17 @@ DocumentResources::KnownSpace DocumentResources::MakeColorSpace(QPDFObjectHandle
     }
     candidates.push_back(made.space);
     return made;
+}
+
+std::shared_ptr<PdfForm> DocumentResources::GetForm(QPDFObjectHandle stream, QPDFObjectHandle around)
+{
+    std::shared_ptr<PdfForm>& form = forms[stream.getObjGen()];
+    if (!form) {
+        QPDFObjectHandle other = GetEntry(stream, Tags::sameFormKey);
+        const bool hasSame = other.isStream() && !GetEntry(other, Tags::sameFormKey).isStream();
+        form = std::make_shared<PdfForm>(*this, stream, around, hasSame ? GetForm(other, around) : nullptr);
+    }
+    return form;
 }
 
 void DocumentResources::AddLayer(int objectNumber, std::shared_ptr<OrvDoc::LayerProperties> layer)

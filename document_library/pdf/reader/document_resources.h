@@ -12,13 +12,15 @@
 
 #include <orv_color/color_space.h>
 
+#include "pdf/reader/form_reader.h"
 #include "pdf/reader/object_conversion.h"
 #include "pdf/reader/source_file.h"
 
 namespace OrvDoc
 {
+class Document;
 class LayerProperties;
-}
+} // namespace OrvDoc
 
 namespace OrvPdf
 {
@@ -36,6 +38,15 @@ public:
     /// The colour space of a definition; equal definitions give the same object. Null, with the reason in
     /// `problem`, if it is malformed.
     OrvColor::ColorSpace::Pointer GetColorSpace(QPDFObjectHandle definition, std::string& problem);
+
+    /// The document that the contents are read into. Set once, before any of them is read.
+    OrvDoc::Document& GetDocument() const { return *document; }
+    void SetDocument(OrvDoc::Document& value) { document = &value; }
+
+    /// The form XObject in a stream; the same one for one object. `around` are the resources of the content
+    /// that names it.
+    std::shared_ptr<PdfForm> GetForm(QPDFObjectHandle stream, QPDFObjectHandle around);
+    NestedContentLock& GetNestedContents() { return nestedContents; }
 
     void AddLayer(int objectNumber, std::shared_ptr<OrvDoc::LayerProperties> layer);
     /// Null if no layer of the document has that object number.
@@ -55,6 +66,9 @@ private:
     std::map<QPDFObjGen, KnownSpace> spacesByObject;
     std::unordered_map<std::uint64_t, std::vector<OrvColor::ColorSpace::Pointer>> spacesByDigest;
     std::map<int, std::shared_ptr<OrvDoc::LayerProperties>> layers;
+    OrvDoc::Document* document = nullptr;
+    std::map<QPDFObjGen, std::shared_ptr<PdfForm>> forms;
+    NestedContentLock nestedContents;
 };
 
 } // namespace OrvPdf

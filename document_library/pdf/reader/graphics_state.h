@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -42,6 +43,8 @@ struct GraphicsState
     bool nonzeroOverprint = false;
     /// Never null.
     std::shared_ptr<const OrvDoc::StrokeProperties> strokeProperties;
+    /// What still is as it was where the form is painted whose content this is: bits of `Inherited`.
+    std::uint32_t inherited = 0;
 };
 
 } // namespace OrvPdf

@@ -57,12 +57,16 @@ ContentLexerLimits LexerLimits(const OrvDoc::ReadOptions::Limits& limits)
 } // namespace
 
 Interpreter::Interpreter(ContentResources& contentResources, const OrvDoc::ReadOptions::Limits& readLimits,
-                         OrvDoc::Content& content)
+                         OrvDoc::Content& content, const GraphicsState* initial)
     : resources(contentResources),
       limits(readLimits),
       problems(readLimits.errors),
       tree(content, readLimits.contentObjects, maximumGroupCopies)
 {
+    if (initial) {
+        state = *initial;
+        return;
+    }
     // A page begins in black with a line of one point (ISO 32000-1, table 52). Black in plain DeviceGray: a
     // default colour space applies to colours that the content sets.
     const auto gray = OrvColor::ColorSpace::DeviceGray();
@@ -85,7 +89,10 @@ Interpretation Interpreter::Run(std::string_view stream)
     problems.EndOperation(std::numeric_limits<std::size_t>::max());
     TakeLexerDamages(lexer);
     Finish(stream.size());
-    return problems.Finish();
+    Interpretation interpretation = problems.Finish();
+    interpretation.usedParameters = usedParameters;
+    interpretation.nested = std::move(nested);
+    return interpretation;
 }
 
 void Interpreter::TakeLexerDamages(const ContentLexer& lexer)
@@ -126,9 +133,10 @@ void Interpreter::Finish(std::size_t streamSize)
 }
 
 Interpretation InterpretContent(std::string_view stream, ContentResources& resources,
-                                const OrvDoc::ReadOptions::Limits& limits, OrvDoc::Content& content)
+                                const OrvDoc::ReadOptions::Limits& limits, OrvDoc::Content& content,
+                                const GraphicsState* initial)
 {
-    return Interpreter(resources, limits, content).Run(stream);
+    return Interpreter(resources, limits, content, initial).Run(stream);
 }
 
 } // namespace OrvPdf

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include <boost/optional.hpp>
@@ -53,8 +54,9 @@ private:
 class Interpreter
 {
 public:
+    /// `initial` may be null.
     Interpreter(ContentResources& contentResources, const OrvDoc::ReadOptions::Limits& readLimits,
-                OrvDoc::Content& content);
+                OrvDoc::Content& content, const GraphicsState* initial);
 
     Interpretation Run(std::string_view stream);
 
@@ -112,13 +114,15 @@ public:
     void MarkedPoint(const Arguments& arguments);
     void MarkedPointList(const Arguments& arguments);
 
+    // External objects (8.8, 8.10).
+    void PaintXObject(const Arguments& arguments);
+
     // Compatibility (7.8.2).
     void BeginCompatibility(const Arguments& arguments);
     void EndCompatibility(const Arguments& arguments);
 
     // Operators that the model has no place for.
     void LeaveOutText(const Arguments& arguments);
-    void LeaveOutXObject(const Arguments& arguments);
     void LeaveOutInlineImage(const Arguments& arguments);
     void LeaveOutShading(const Arguments& arguments);
     void RejectMisplaced(const Arguments& arguments);
@@ -129,6 +133,9 @@ private:
     {
         std::string name;
         bool evenOdd = false;
+        /// The path that comes first is the outline of what is painted, and clips it.
+        bool hasOutline = false;
+        std::shared_ptr<const Plexa::Compound> outline;
     };
 
     struct OpenMark
@@ -178,7 +185,11 @@ private:
         return matrix.operation != 0 && matrix.operation + 1 == operationNumber;
     }
 
+    /// Notes that what is painted now depends on these parameters.
+    void MarkUsed(std::uint32_t parameters) { usedParameters |= parameters & state.inherited; }
+
     // path_operators.cpp
+    ObjectAttributes TakeAttributes();
     bool ExtendPath(const Arguments& arguments, std::size_t segments);
     void PaintPath(const Arguments& arguments, bool close, boost::optional<Plexa::WindingRule> fillRule,
                    bool stroke);
@@ -209,10 +220,16 @@ private:
     OrvColor::ColorSpace::Pointer FindColorSpace(std::string_view name, const Arguments& arguments);
     OrvColor::ColorSpace::Pointer FindDeviceSpace(OrvColor::ColorSpace::Family family,
                                                   const Arguments& arguments);
+    void TakeColor(const PaintSetting& setting);
     void SetColorSpace(PaintSetting& setting, const Arguments& arguments);
     void SetColor(PaintSetting& setting, const Arguments& arguments);
     void SetColor(PaintSetting& setting, OrvColor::ColorSpace::Pointer space, const Arguments& arguments);
     std::shared_ptr<const OrvPaint::Paint> GetPaint(PaintSetting& setting);
+
+    // xobject_operators.cpp
+    void PaintForm(FormDefinition& form, const Arguments& arguments);
+    void PlaceForm(const FormUse& use);
+    void NoteReading(const std::shared_ptr<const NestedReading>& reading);
 
     // marked_content_operators.cpp
     OrvSys::PdfObject ToObject(const Operand& operand, const Arguments& arguments);
@@ -235,10 +252,14 @@ private:
     std::array<OrvColor::ColorSpace::Pointer, 3> deviceSpaces;
     ResourceCache<OrvSys::PdfObject> parameterLists;
     ResourceCache<PropertyList> propertyLists;
+    ResourceCache<ContentResources::XObject> xObjects;
+    std::vector<std::shared_ptr<const NestedReading>> nested;
+    std::unordered_set<const NestedReading*> knownNested;
 
     /// Counts from 1.
     std::uint64_t operationNumber = 0;
     GraphicsState state;
+    std::uint32_t usedParameters = 0;
     std::vector<SavedState> savedStates;
     /// `q` operators past the nesting limit, whose `Q` must not restore anything.
     std::uint64_t droppedSaves = 0;

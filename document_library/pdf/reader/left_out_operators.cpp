@@ -1,3 +1,4 @@
+#include "pdf/reader/inherited_parameters.h"
 #include "pdf/reader/interpreter.h"
 
 namespace OrvPdf
@@ -19,12 +20,8 @@ void Interpreter::EndCompatibility(const Arguments& arguments)
 
 void Interpreter::LeaveOutText(const Arguments& arguments)
 {
+    MarkUsed(Inherited::all);
     problems.Unmodelled(arguments.Operation().operatorText, "text is not modelled", {}, arguments.Place());
-}
-
-void Interpreter::LeaveOutXObject(const Arguments& arguments)
-{
-    problems.Unmodelled("Do", "forms and pictures are not modelled", arguments[0].Text(), arguments.Place());
 }
 
 void Interpreter::LeaveOutInlineImage(const Arguments& arguments)

@@ -157,6 +157,8 @@ void Interpreter::BeginObject(const PdfObject& properties)
     ObjectAttributes attributes;
     attributes.name = name.IsString() ? name.GetText() : std::string();
     attributes.evenOdd = evenOdd.IsBoolean() && evenOdd.GetBoolean();
+    const PdfObject outline = properties.Find(Tags::outlineKey);
+    attributes.hasOutline = outline.IsBoolean() && outline.GetBoolean();
     objectAttributes = std::move(attributes);
     openMarks.push_back({0});
 }

@@ -77,7 +77,7 @@ constexpr Row rows[] = {
     {OperatorId::BeginCompatibility, "", &I::BeginCompatibility},
     {OperatorId::EndCompatibility, "", &I::EndCompatibility},
 
-    {OperatorId::PaintXObject, "N", &I::LeaveOutXObject},
+    {OperatorId::PaintXObject, "N", &I::PaintXObject},
     {OperatorId::PaintShading, "N", &I::LeaveOutShading},
     {OperatorId::BeginInlineImage, "*", &I::LeaveOutInlineImage},
     {OperatorId::BeginText, "", &I::LeaveOutText},

@@ -1,17 +1,42 @@
 #include "pdf/reader/page_source.h"
 
+#include <algorithm>
 #include <stdexcept>
+#include <unordered_set>
 #include <utility>
 
 #include <orv_doc/errors.h>
 #include <orv_doc/page_content.h>
 
+#include "pdf/reader/group_space.h"
+#include "pdf/reader/nested_content.h"
 #include "pdf/reader/page_boxes.h"
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/reader/resource_reader.h"
 
 namespace OrvPdf
 {
+
+namespace
+{
+
+/// Tells what was met in the contents inside, each once, however many ways lead to it.
+void TellNested(std::vector<std::shared_ptr<const NestedReading>> open, ErrorList& errors)
+{
+    std::reverse(open.begin(), open.end());
+    std::unordered_set<const NestedReading*> known;
+    while (!open.empty()) {
+        const std::shared_ptr<const NestedReading> reading = std::move(open.back());
+        open.pop_back();
+        if (!known.insert(reading.get()).second)
+            continue;
+        for (const std::string& text : reading->errors)
+            errors.Add(reading->place + ": " + text);
+        open.insert(open.end(), reading->inside.rbegin(), reading->inside.rend());
+    }
+}
+
+} // namespace
 
 PdfPageSource::PdfPageSource(std::shared_ptr<const SourceFile> givenFile,
                              std::shared_ptr<DocumentResources> givenDocument, PageEntry givenEntry,
@@ -64,7 +89,7 @@ void PdfPageSource::InterpretInto(OrvDoc::PageContent& content, ErrorList& error
         std::vector<std::string> problems;
         ReadPageBoxes(entry, problems);
         errors.Add(std::move(problems));
-        ReadBlendSpace(content, errors);
+        ReadGroupSpace(GetEntry(entry.dictionary, "/Group"), *document, content, errors);
     }
     PageContentData data = ReadContent();
     hasDamagedStreams = !data.problems.empty();
@@ -73,26 +98,7 @@ void PdfPageSource::InterpretInto(OrvDoc::PageContent& content, ErrorList& error
     ResourceReader resources(*document, entry.entries.resources);
     interpretation = InterpretContent(data.bytes.View(), resources, file->GetOptions().limits, content);
     errors.Add(interpretation.errors);
-}
-
-void PdfPageSource::ReadBlendSpace(OrvDoc::PageContent& content, ErrorList& errors) const
-{
-    QPDFObjectHandle group = GetEntry(entry.dictionary, "/Group");
-    if (!GetEntry(group, "/S").isNameAndEquals("/Transparency"))
-        return;
-    QPDFObjectHandle definition = GetEntry(group, "/CS");
-    if (definition.isNull())
-        return;
-    std::string problem;
-    const OrvColor::ColorSpace::Pointer space = document->GetColorSpace(definition, problem);
-    try {
-        if (space)
-            content.SetBlendColorSpace(OrvDoc::BlendColorSpace(space));
-    } catch (const std::invalid_argument& failure) {
-        problem = failure.what();
-    }
-    if (!problem.empty())
-        errors.Add("Group: CS is left out: " + problem);
+    TellNested(interpretation.nested, errors);
 }
 
 } // namespace OrvPdf

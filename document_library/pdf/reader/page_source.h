@@ -41,7 +41,6 @@ public:
     std::uint64_t GetBaseRevision() const { return baseRevision; }
 
 private:
-    void ReadBlendSpace(OrvDoc::PageContent& content, ErrorList& errors) const;
     void InterpretInto(OrvDoc::PageContent& content, ErrorList& errors) const;
 
     std::shared_ptr<const SourceFile> file;

@@ -1,4 +1,5 @@
 #include "pdf/number_text.h"
+#include "pdf/reader/inherited_parameters.h"
 #include "pdf/reader/interpreter.h"
 #include "pdf/reader/neutral_parameters.h"
 
@@ -16,6 +17,30 @@ double MilliPoints(const PdfObject& number)
     double value = 0.0;
     ParseNumber(number.Serialize(), 3, value);
     return value;
+}
+
+/// The parameter that a key sets, as a bit of what is taken over from around a form.
+std::uint32_t ParameterBit(const std::string& key)
+{
+    if (key == "LW") {
+        return Inherited::lineWidth;
+    }
+    if (key == "LC") {
+        return Inherited::lineCap;
+    }
+    if (key == "LJ") {
+        return Inherited::lineJoin;
+    }
+    if (key == "ML") {
+        return Inherited::miterLimit;
+    }
+    if (key == "D") {
+        return Inherited::dash;
+    }
+    if (key == "OP") {
+        return Inherited::strokeOverprint;
+    }
+    return key == "op" ? Inherited::fillOverprint : Inherited::overprintMode;
 }
 
 bool IsCapOrJoin(double number)
@@ -106,6 +131,7 @@ bool Interpreter::ApplyStrokeParameter(const std::string& key, const PdfObject& 
         properties.join = static_cast<OrvDoc::LineJoin>(static_cast<int>(number));
     }
     if (isWell) {
+        state.inherited &= ~ParameterBit(key);
         ChangeStroke(std::move(properties));
     }
     return isWell;
@@ -128,6 +154,7 @@ bool Interpreter::ApplyDashParameter(const PdfObject& value, const Arguments& ar
     if (!SetDashPattern(properties, std::move(dashes), MilliPoints(value.GetItems()[1]), arguments)) {
         return false;
     }
+    state.inherited &= ~ParameterBit("D");
     ChangeStroke(std::move(properties));
     return true;
 }
@@ -137,6 +164,7 @@ bool Interpreter::ApplyOverprintParameter(const std::string& key, const PdfObjec
     if (key == "OPM") {
         const bool isWell = value.IsNumber() && (value.GetNumber() == 0.0 || value.GetNumber() == 1.0);
         const bool isNonzero = isWell && value.GetNumber() == 1.0;
+        state.inherited &= isWell ? ~ParameterBit(key) : ~0U;
         if (isWell && isNonzero != state.nonzeroOverprint) {
             state.nonzeroOverprint = isNonzero;
             state.fill.paint = nullptr;
@@ -147,6 +175,7 @@ bool Interpreter::ApplyOverprintParameter(const std::string& key, const PdfObjec
     if (!value.IsBoolean()) {
         return false;
     }
+    state.inherited &= ~ParameterBit(key);
     PaintSetting& setting = key == "OP" ? state.stroke : state.fill;
     if (setting.overprint != value.GetBoolean()) {
         setting.overprint = value.GetBoolean();

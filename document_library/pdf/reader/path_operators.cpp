@@ -4,6 +4,7 @@
 #include <orv_doc/path.h>
 #include <plexa/geometry.h>
 
+#include "pdf/reader/inherited_parameters.h"
 #include "pdf/reader/interpreter.h"
 
 namespace OrvPdf
@@ -181,11 +182,12 @@ void Interpreter::PaintPath(const Arguments& arguments, bool close,
     if (close) {
         path.Close();
     }
-    ObjectAttributes attributes;
-    if (objectAttributes) {
-        attributes = std::move(*objectAttributes);
-        objectAttributes = boost::none;
+    if (clipRule && !fillRule && !stroke && objectAttributes && objectAttributes->hasOutline &&
+        !objectAttributes->outline) {
+        objectAttributes->outline = path.Finish(*clipRule);
+        return;
     }
+    ObjectAttributes attributes = TakeAttributes();
     const auto ruleByName = attributes.evenOdd ? Plexa::WindingRule::EvenOdd : Plexa::WindingRule::NonZero;
     if (clipRule && !fillRule && !stroke) {
         BeginClip(path.Finish(*clipRule), attributes.name, arguments.Place());
@@ -199,6 +201,16 @@ void Interpreter::PaintPath(const Arguments& arguments, bool close,
     }
 }
 
+Interpreter::ObjectAttributes Interpreter::TakeAttributes()
+{
+    ObjectAttributes attributes;
+    if (objectAttributes) {
+        attributes = std::move(*objectAttributes);
+        objectAttributes = boost::none;
+    }
+    return attributes;
+}
+
 void Interpreter::PlacePath(std::shared_ptr<const Plexa::Compound> compound, bool fill, bool stroke,
                             const std::string& name)
 {
@@ -210,9 +222,11 @@ void Interpreter::PlacePath(std::shared_ptr<const Plexa::Compound> compound, boo
         object->SetTransformation(state.matrix);
     }
     if (fill) {
+        MarkUsed(Inherited::fill);
         object->SetFillPaint(GetPaint(state.fill));
     }
     if (stroke) {
+        MarkUsed(Inherited::stroke);
         object->SetStrokePaint(GetPaint(state.stroke));
         object->SetSharedStrokeProperties(state.strokeProperties);
     }

@@ -67,6 +67,7 @@ PdfDocumentSource::PdfDocumentSource(std::shared_ptr<const SourceFile> givenFile
 void PdfDocumentSource::ReadStructure(OrvDoc::Document& document) const
 {
     const SourceFile::Access access(*file);
+    resources->SetDocument(document);
     ErrorList errors(file->GetOptions().limits.errors);
     errors.Add(file->TakeWarnings());
     QPDFObjectHandle catalogue = access.GetQpdf().getRoot();

@@ -37,6 +37,8 @@ public:
     /// A limit that leaves out a part of the content. The content counts as unmodelled, for what was left out
     /// is still in the file.
     void Limit(const char* name, std::uint64_t value, ByteRange place);
+    /// Something that the model has no place for, told elsewhere.
+    void MarkUnmodelled() { hasUnmodelled = true; }
     /// Problems that somebody else has counted and not kept.
     void CountDropped(std::uint64_t count) { dropped += count; }
 

@@ -30,6 +30,11 @@ std::string GetNameText(QPDFObjectHandle object)
     return object.isInitialized() && object.isName() ? WithoutSlash(object.getName()) : std::string();
 }
 
+bool IsTrue(QPDFObjectHandle object)
+{
+    return object.isBool() && object.getBoolValue();
+}
+
 std::string GetTextString(QPDFObjectHandle object)
 {
     return object.isInitialized() && object.isString() ? object.getUTF8Value() : std::string();

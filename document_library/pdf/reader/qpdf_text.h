@@ -21,6 +21,9 @@ std::string WithoutSlash(const std::string& name);
 /// The name in a handle without its slash; empty if it holds no name.
 std::string GetNameText(QPDFObjectHandle object);
 
+/// Whether it is the boolean true.
+bool IsTrue(QPDFObjectHandle object);
+
 /// A text string as UTF-8; empty if it holds no string.
 std::string GetTextString(QPDFObjectHandle object);
 

@@ -167,4 +167,28 @@ boost::optional<ContentResources::PropertyList> ResourceReader::FindPropertyList
     return list;
 }
 
+ContentResources::XObject ResourceReader::FindXObject(const std::string& name, std::string& problem)
+{
+    XObject found;
+    Guard(problem, [&] {
+        const SourceFile::Access access(document.GetFile());
+        QPDFObjectHandle stream = FindResource("/XObject", name, problem);
+        const std::string kind = GetNameText(GetEntry(stream, "/Subtype"));
+        if (stream.isNull())
+            return;
+        if (!stream.isStream()) {
+            problem = "it is no stream";
+        } else if (kind == "Image") {
+            found.kind = XObject::Kind::Picture;
+        } else if (kind == "Form") {
+            found.kind = XObject::Kind::Form;
+            found.form = document.GetForm(stream, resources);
+        } else {
+            problem = "external objects of the kind " + (kind.empty() ? "that is missing" : "/" + kind) +
+                      " are not modelled";
+        }
+    });
+    return found;
+}
+
 } // namespace OrvPdf

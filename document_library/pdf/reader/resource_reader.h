@@ -23,6 +23,7 @@ public:
     OrvColor::ColorSpace::Pointer FindColorSpace(const std::string& name, std::string& problem) override;
     OrvSys::PdfObject FindGraphicsState(const std::string& name, std::string& problem) override;
     boost::optional<PropertyList> FindPropertyList(const std::string& name, std::string& problem) override;
+    XObject FindXObject(const std::string& name, std::string& problem) override;
 
 private:
     QPDFObjectHandle FindResource(const char* category, const std::string& name, std::string& problem) const;

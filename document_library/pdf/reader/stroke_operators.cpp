@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "pdf/reader/inherited_parameters.h"
 #include "pdf/reader/interpreter.h"
 
 namespace OrvPdf
@@ -19,7 +20,10 @@ void Interpreter::SetLineWidth(const Arguments& arguments)
     const double width = arguments[0].AsMilliPoints();
     if (width < 0.0) {
         problems.Damaged("w", "a negative line width", {}, arguments.Place());
-    } else if (width != state.strokeProperties->width) {
+        return;
+    }
+    state.inherited &= ~Inherited::lineWidth;
+    if (width != state.strokeProperties->width) {
         StrokeProperties properties = *state.strokeProperties;
         properties.width = width;
         ChangeStroke(std::move(properties));
@@ -35,6 +39,7 @@ void Interpreter::SetLineCap(const Arguments& arguments)
     }
     StrokeProperties properties = *state.strokeProperties;
     properties.cap = static_cast<OrvDoc::LineCap>(static_cast<int>(number));
+    state.inherited &= ~Inherited::lineCap;
     ChangeStroke(std::move(properties));
 }
 
@@ -47,6 +52,7 @@ void Interpreter::SetLineJoin(const Arguments& arguments)
     }
     StrokeProperties properties = *state.strokeProperties;
     properties.join = static_cast<OrvDoc::LineJoin>(static_cast<int>(number));
+    state.inherited &= ~Inherited::lineJoin;
     ChangeStroke(std::move(properties));
 }
 
@@ -59,6 +65,7 @@ void Interpreter::SetMiterLimit(const Arguments& arguments)
     }
     StrokeProperties properties = *state.strokeProperties;
     properties.miterLimit = limit;
+    state.inherited &= ~Inherited::miterLimit;
     ChangeStroke(std::move(properties));
 }
 
@@ -74,6 +81,7 @@ void Interpreter::SetDash(const Arguments& arguments)
     }
     StrokeProperties properties = *state.strokeProperties;
     if (SetDashPattern(properties, std::move(dashes), arguments[1].AsMilliPoints(), arguments)) {
+        state.inherited &= ~Inherited::dash;
         ChangeStroke(std::move(properties));
     } else {
         problems.Damaged("d", "dashes that are negative or all zero", {}, arguments.Place());

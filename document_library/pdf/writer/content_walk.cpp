@@ -165,6 +165,21 @@ void ContentWalk::EndContainer()
 void ContentWalk::Write(const OrvDoc::Content& content)
 {
     BeginContent(content);
+    WriteContainers();
+    Finish();
+}
+
+void ContentWalk::Write(const OrvDoc::Group& group)
+{
+    groupOfForm = &group;
+    containers.push_back(Container{nullptr});
+    group.Accept(*this);
+    WriteContainers();
+    Finish();
+}
+
+void ContentWalk::WriteContainers()
+{
     while (!containers.empty()) {
         Container& container = containers.back();
         if (!container.next) {
@@ -177,6 +192,10 @@ void ContentWalk::Write(const OrvDoc::Content& content)
             object.Accept(*this);
         }
     }
+}
+
+void ContentWalk::Finish()
+{
     result.colorSpaces = colors.GetSpaces();
     result.graphicsStates = states.GetOverprintStates();
     result.layers = memberships.TakeAll();

@@ -51,11 +51,13 @@ struct Container
 class ContentWalk : private OrvDoc::ConstVisitorBase
 {
 public:
-    ContentWalk(WrittenContent& givenResult, SeparationSpaces& separations)
-        : result(givenResult), out(givenResult.bytes), states(givenResult.bytes), colors(separations)
+    ContentWalk(WrittenContent& givenResult, SeparationSpaces& separations, ContentStart start)
+        : result(givenResult), out(givenResult.bytes), states(givenResult.bytes, start), colors(separations)
     {}
 
     void Write(const OrvDoc::Content& content);
+    /// Writes a group alone, without its transparency: that is the one of the form that holds it.
+    void Write(const OrvDoc::Group& group);
 
 private:
     using OrvDoc::ConstVisitorBase::Visit;
@@ -101,10 +103,17 @@ private:
     void AppendClips(const std::vector<Clip>& clips);
     void AppendClip(const Clip& clip);
 
+    // Forms.
+    bool WriteForm(const OrvDoc::Path& path);
+    bool WriteAsForm(const OrvDoc::Group& group);
+    void AppendDo(const FormReference& reference);
+    void Finish();
+    void WriteContainers();
+
     // Paths.
     const PaintSettings* GetSettings(KnownPaint& known, const std::shared_ptr<const OrvPaint::Paint>& paint,
                                      const OrvDoc::Path& path, const char* unwritten);
-    bool BeginNamedObject(const OrvDoc::Path& path, bool saysWindingRule);
+    bool BeginNamedObject(const OrvDoc::Path& path, bool saysWindingRule, bool hasOutline = false);
 
     WrittenContent& result;
     std::string& out;
@@ -116,6 +125,8 @@ private:
     KnownPaint fill;
     KnownPaint stroke;
     std::string pathOperators;
+    /// The group that the form is for; null if it is for none.
+    const OrvDoc::Group* groupOfForm = nullptr;
 };
 
 } // namespace OrvPdf

@@ -115,7 +115,6 @@ void ContentWalk::BeginInside(const OrvDoc::Group& group, const Matrix& matrix,
 
 void ContentWalk::BeginGroup(const OrvDoc::Group& group, const char* tag)
 {
-    CheckBlending(group);
     PrepareGroup(group);
     Matrix matrix;
     if (!GetGroupMatrix(group, matrix)) {
@@ -194,6 +193,9 @@ void ContentWalk::BeginMarkedGroup(const OrvDoc::Group& group, const OrvDoc::Mar
 
 bool ContentWalk::Visit(const OrvDoc::Group& group)
 {
+    if (WriteAsForm(group)) {
+        return false;
+    }
     if (const OrvDoc::MarkedContent* const mark = group.GetMarkedContent()) {
         BeginMarkedGroup(group, *mark);
     } else if (!TryClipGroup(group)) {
@@ -204,6 +206,9 @@ bool ContentWalk::Visit(const OrvDoc::Group& group)
 
 bool ContentWalk::Visit(const OrvDoc::TextGroup& group)
 {
+    if (WriteAsForm(group)) {
+        return false;
+    }
     if (group.IsClippingObject()) {
         Refuse(group, "text groups do not clip in the file yet");
     }
@@ -213,13 +218,15 @@ bool ContentWalk::Visit(const OrvDoc::TextGroup& group)
 
 bool ContentWalk::Visit(const OrvDoc::Layer& layer)
 {
+    if (WriteAsForm(layer)) {
+        return false;
+    }
     const auto* const single = boost::get<std::shared_ptr<OrvDoc::LayerProperties>>(&layer.GetMembership());
     if (single && !*single) {
         Refuse(layer, "layer objects without a layer are written as groups");
         BeginGroup(layer, Tags::group);
         return false;
     }
-    CheckBlending(layer);
     PrepareGroup(layer);
     Matrix matrix;
     if (!GetGroupMatrix(layer, matrix)) {

@@ -36,28 +36,37 @@ const PaintSettings* ContentWalk::GetSettings(KnownPaint& known,
     return &known.settings;
 }
 
-bool ContentWalk::BeginNamedObject(const Path& path, bool saysWindingRule)
+bool ContentWalk::BeginNamedObject(const Path& path, bool saysWindingRule, bool hasOutline)
 {
     const bool isOddlyEvenOdd =
         !saysWindingRule && path.DefiningCompound()->GetWindingRule() == Plexa::WindingRule::EvenOdd;
     const std::string& name = path.GetName();
-    if (!isOddlyEvenOdd && name.empty()) {
+    if (!isOddlyEvenOdd && !hasOutline && name.empty()) {
         return false;
     }
     AppendName(out, Tags::object);
-    out.append(" <<");
+    std::string attributes;
+    const auto add = [&attributes](const char* key, const std::string& value) {
+        attributes.append(attributes.empty() ? "/" : " /").append(key).append(" ").append(value);
+    };
     if (isOddlyEvenOdd) {
-        out.append(std::string("/") + Tags::evenOddKey + " true" + (name.empty() ? "" : " "));
+        add(Tags::evenOddKey, "true");
+    }
+    if (hasOutline) {
+        add(Tags::outlineKey, "true");
     }
     if (!name.empty()) {
-        out.append(std::string("/") + Tags::nameKey + ' ' + OrvSys::PdfObject::String(name).Serialize());
+        add(Tags::nameKey, OrvSys::PdfObject::String(name).Serialize());
     }
-    out.append(">> BDC\n");
+    out.append(" <<" + attributes + ">> BDC\n");
     return true;
 }
 
 bool ContentWalk::Visit(const Path& path)
 {
+    if (path.GetFillPaint() && path.GetFillPaint()->GetType() == OrvPaint::Paint::Type::Form) {
+        return WriteForm(path);
+    }
     if (!MakePath(path)) {
         return false;
     }

@@ -7,10 +7,17 @@
 namespace OrvPdf
 {
 
-WrittenContent WriteContent(const OrvDoc::Content& content, SeparationSpaces& separations)
+WrittenContent WriteGroup(const OrvDoc::Group& group, SeparationSpaces& separations)
 {
     WrittenContent result;
-    ContentWalk(result, separations).Write(content);
+    ContentWalk(result, separations, ContentStart::Nested).Write(group);
+    return result;
+}
+
+WrittenContent WriteContent(const OrvDoc::Content& content, SeparationSpaces& separations, ContentStart start)
+{
+    WrittenContent result;
+    ContentWalk(result, separations, start).Write(content);
     if (content.GetTransferFunctionSet()) {
         result.problems.Add("transfer functions are not written yet");
     }

@@ -8,12 +8,14 @@
 #include <orv_doc/marked_content.h>
 
 #include "pdf/writer/graphics_state_writer.h"
+#include "pdf/writer/nested_reference.h"
 #include "pdf/writer/writing_problems.h"
 
 namespace OrvDoc
 {
 class Content;
-}
+class Group;
+} // namespace OrvDoc
 
 namespace OrvPdf
 {
@@ -29,6 +31,7 @@ struct WrittenContent
     std::vector<OverprintState> graphicsStates;             ///< `gs`
     std::vector<OrvDoc::Layer::Membership> layers;          ///< `oc`
     std::vector<OrvDoc::MarkedContent> propertyLists;       ///< `mc`
+    std::vector<FormReference> forms;                       ///< `fm`
     WritingProblems problems;
 };
 
@@ -40,6 +43,10 @@ struct WrittenContent
 /// content with the tags of `marked_content_tags.h`.
 ///
 /// What can't be said is left out and told in the problems. Equal contents give equal bytes.
-WrittenContent WriteContent(const OrvDoc::Content& content, SeparationSpaces& separations);
+WrittenContent WriteContent(const OrvDoc::Content& content, SeparationSpaces& separations,
+                            ContentStart start);
+
+/// The same for one group, as a content inside of another.
+WrittenContent WriteGroup(const OrvDoc::Group& group, SeparationSpaces& separations);
 
 } // namespace OrvPdf

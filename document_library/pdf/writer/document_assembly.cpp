@@ -10,6 +10,7 @@
 #include "pdf/writer/layers_writer.h"
 #include "pdf/writer/links_writer.h"
 #include "pdf/writer/name_escapes.h"
+#include "pdf/writer/nested_writer.h"
 #include "pdf/writer/object_walk.h"
 #include "pdf/writer/output_intent_writer.h"
 #include "pdf/writer/page_tree_writer.h"
@@ -80,7 +81,7 @@ void FinishObjects(DocumentAssembly& assembly, ObjectMaker& maker, const PdfDocu
 
 } // namespace
 
-DocumentAssembly AssembleDocument(const OrvDoc::Document& document)
+DocumentAssembly AssembleDocument(const OrvDoc::Document& document, const boost::filesystem::path& folder)
 {
     const auto* const source = dynamic_cast<const PdfDocumentSource*>(document.GetSource().get());
     DocumentAssembly assembly;
@@ -92,8 +93,9 @@ DocumentAssembly AssembleDocument(const OrvDoc::Document& document)
     SeparationSpaces separations(document.GetSeparationInfo());
 
     const std::vector<PageEntry> pages = FindPageObjects(document, source, maker);
-    ResourcesWriter resources(maker, layers);
-    PageWriter pageWriter(maker, separations, resources);
+    NestedWriter nested(document, maker, separations, folder);
+    ResourcesWriter resources(maker, layers, nested);
+    PageWriter pageWriter(maker, separations, resources, nested);
     auto entry = pages.begin();
     for (auto page = document.GetPagesBegin(); page != document.GetPagesEnd(); ++page, ++entry) {
         assembly.contentErrors.push_back(pageWriter.Write(*page, *entry));

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include <boost/filesystem/path.hpp>
+
 class QPDF;
 
 namespace OrvDoc
@@ -27,9 +29,10 @@ struct DocumentAssembly
     std::vector<std::vector<std::string>> contentErrors;
 };
 
-/// Makes the objects. The document's own file, if it has one, is opened a second time for it and stays as it
-/// is. All contents are read, so that the result doesn't depend on who looked at which page before. Throws
-/// what the PDF library throws for a file that has become unreadable, and `std::bad_alloc`.
-DocumentAssembly AssembleDocument(const OrvDoc::Document& document);
+/// Makes the objects. `folder` is where the file will stand; empty if it will nowhere. The document's own
+/// file, if it has one, is opened a second time for it and stays as it is. All contents are read, so that the
+/// result doesn't depend on who looked at which page before. Throws what the PDF library throws for a file
+/// that has become unreadable, and `std::bad_alloc`.
+DocumentAssembly AssembleDocument(const OrvDoc::Document& document, const boost::filesystem::path& folder);
 
 } // namespace OrvPdf

@@ -45,10 +45,16 @@ Matrix GetRoundedInverse(const Matrix& matrix)
 
 } // namespace
 
-GraphicsStateWriter::GraphicsStateWriter(std::string& output) : out(output)
+GraphicsStateWriter::GraphicsStateWriter(std::string& output, ContentStart start) : out(output)
 {
     Level level;
     level.properties = &initialProperties;
+    if (start == ContentStart::Nested) {
+        level.fill.space = PaintColor::unknown;
+        level.stroke.space = PaintColor::unknown;
+        level.properties = nullptr;
+        level.isOverprintKnown = false;
+    }
     levels.push_back(level);
 }
 
@@ -130,27 +136,29 @@ void GraphicsStateWriter::SetColor(PaintColor& current, const PaintColor& color,
 
 void GraphicsStateWriter::SetStrokeProperties(const OrvDoc::StrokeProperties& properties)
 {
-    const OrvDoc::StrokeProperties& current = *levels.back().properties;
-    if (&current == &properties) {
+    const bool isUnknown = !levels.back().properties;
+    const OrvDoc::StrokeProperties& current = isUnknown ? initialProperties : *levels.back().properties;
+    if (!isUnknown && &current == &properties) {
         return;
     }
-    if (!AreIdentical(current.width, properties.width)) {
+    if (isUnknown || !AreIdentical(current.width, properties.width)) {
         AppendLength(out, properties.width);
         out.append(" w\n");
     }
-    if (current.cap != properties.cap) {
+    if (isUnknown || current.cap != properties.cap) {
         out.append(std::to_string(static_cast<unsigned>(properties.cap)));
         out.append(" J\n");
     }
-    if (current.join != properties.join) {
+    if (isUnknown || current.join != properties.join) {
         out.append(std::to_string(static_cast<unsigned>(properties.join)));
         out.append(" j\n");
     }
-    if (!AreIdentical(current.miterLimit, properties.miterLimit)) {
+    if (isUnknown || !AreIdentical(current.miterLimit, properties.miterLimit)) {
         AppendNumber(out, properties.miterLimit, 0);
         out.append(" M\n");
     }
-    if (current.dashArray != properties.dashArray || !AreIdentical(current.dashPhase, properties.dashPhase)) {
+    if (isUnknown || current.dashArray != properties.dashArray ||
+        !AreIdentical(current.dashPhase, properties.dashPhase)) {
         AppendDash(properties);
     }
     levels.back().properties = &properties;
@@ -188,9 +196,10 @@ void GraphicsStateWriter::SetOverprint(const PaintSettings* fill, const PaintSet
             }
         }
     }
-    if (wanted == current) {
+    if ((wanted == current && levels.back().isOverprintKnown) || (!fill && !stroke)) {
         return;
     }
+    levels.back().isOverprintKnown = true;
     auto found = std::find(overprintStates.begin(), overprintStates.end(), wanted);
     if (found == overprintStates.end()) {
         overprintStates.push_back(wanted);

@@ -24,12 +24,19 @@ inline bool operator==(const OverprintState& left, const OverprintState& right)
     return left.stroke == right.stroke && left.fill == right.fill && left.nonzero == right.nonzero;
 }
 
+/// What the graphics state is when a content begins.
+enum class ContentStart
+{
+    Page,  ///< The initial one (ISO 32000-1, tables 52 and 53).
+    Nested ///< In a form or a pattern: what is in force where it is used. Nothing of it may be relied on.
+};
+
 /// Writes changes of the graphics state (ISO 32000-1, 8.4), and knows at each level of `q` what a reader has,
 /// so that only what differs is written.
 class GraphicsStateWriter
 {
 public:
-    explicit GraphicsStateWriter(std::string& output);
+    GraphicsStateWriter(std::string& output, ContentStart start);
 
     /// `q` and `Q`.
     void Save();
@@ -62,9 +69,11 @@ private:
         Matrix matrix;
         PaintColor fill;
         PaintColor stroke;
-        /// Its owner lives as long as the content that is being written.
+        /// Null if they are not known. Otherwise their owner lives as long as the content that is being
+        /// written.
         const OrvDoc::StrokeProperties* properties;
         OverprintState overprint;
+        bool isOverprintKnown = true;
     };
 
     void SetColor(PaintColor& current, const PaintColor& color, bool isStroke);

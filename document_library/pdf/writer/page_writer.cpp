@@ -9,9 +9,10 @@
 
 #include "pdf/reader/page_source.h"
 #include "pdf/reader/qpdf_text.h"
+#include "pdf/writer/box_object.h"
 #include "pdf/writer/content_cleaning.h"
+#include "pdf/writer/nested_writer.h"
 #include "pdf/writer/object_maker.h"
-#include "pdf/writer/page_box_corners.h"
 #include "pdf/writer/resources_writer.h"
 
 namespace OrvPdf
@@ -48,18 +49,13 @@ void PushDown(QPDFObjectHandle dictionary, const char* key, QPDFObjectHandle inh
 
 QPDFObjectHandle MakeBox(const Rectangle& box, const char* key, WritingProblems& problems)
 {
-    const auto corners = FindBoxCorners(box);
-    if (!corners) {
+    const QPDFObjectHandle object = MakeBoxObject(box);
+    if (!IsPresent(object)) {
         problems.Add(
             std::string(key + 1) +
             " is left out: a file has no boxes with negative extents or numbers that are not finite");
-        return QPDFObjectHandle::newNull();
     }
-    std::vector<QPDFObjectHandle> items;
-    for (const double number : {corners->left, corners->bottom, corners->right, corners->top}) {
-        items.push_back(ObjectMaker::MakeLength(number));
-    }
-    return QPDFObjectHandle::newArray(items);
+    return object;
 }
 
 } // namespace
@@ -84,13 +80,16 @@ std::vector<std::string> PageWriter::Write(const OrvDoc::Page& page, const PageE
         KeepContent(*source, dictionary);
         return problems.GetTexts(place);
     }
-    WrittenContent written = WriteContent(content, separations);
+    WrittenContent written = WriteContent(content, separations, ContentStart::Page);
     WriteContentAnew(written, dictionary);
     if (hasUnmodelled) {
         problems.Add("the content was changed and is written without what was not read of it");
     }
     std::vector<std::string> texts = problems.GetTexts(place);
     for (std::string& text : written.problems.GetTexts(place)) {
+        texts.push_back(std::move(text));
+    }
+    for (std::string& text : nested.WriteAll(resources, place)) {
         texts.push_back(std::move(text));
     }
     return texts;

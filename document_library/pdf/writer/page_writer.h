@@ -16,6 +16,7 @@ class Page;
 namespace OrvPdf
 {
 
+class NestedWriter;
 class ObjectMaker;
 class PdfPageSource;
 class ResourcesWriter;
@@ -26,8 +27,9 @@ class SeparationSpaces;
 class PageWriter
 {
 public:
-    PageWriter(ObjectMaker& givenMaker, SeparationSpaces& givenSeparations, ResourcesWriter& givenResources)
-        : maker(givenMaker), separations(givenSeparations), resources(givenResources)
+    PageWriter(ObjectMaker& givenMaker, SeparationSpaces& givenSeparations, ResourcesWriter& givenResources,
+               NestedWriter& givenNested)
+        : maker(givenMaker), separations(givenSeparations), resources(givenResources), nested(givenNested)
     {}
 
     /// `entry` is the page of the file that the model's page was read from; for a page that a program made it
@@ -45,6 +47,7 @@ private:
     ObjectMaker& maker;
     SeparationSpaces& separations;
     ResourcesWriter& resources;
+    NestedWriter& nested;
 };
 
 } // namespace OrvPdf

@@ -23,6 +23,8 @@ struct PaintColor
     static constexpr std::uint32_t rgb = 1;
     static constexpr std::uint32_t cmyk = 2;
     static constexpr std::uint32_t firstNamed = 3;
+    /// Of a colour in force that nobody knows.
+    static constexpr std::uint32_t unknown = ~std::uint32_t{0};
 
     /// One of the device spaces above, or `firstNamed` plus the index of a space in the resources.
     std::uint32_t space = gray;

@@ -1,6 +1,7 @@
 #include "pdf/writer/resources_writer.h"
 
 #include "pdf/writer/layer_objects.h"
+#include "pdf/writer/nested_writer.h"
 #include "pdf/writer/object_maker.h"
 #include "pdf/writer/property_list_index.h"
 
@@ -79,6 +80,11 @@ QPDFObjectHandle ResourcesWriter::Make(const WrittenContent& content, QPDFObject
     }
     ReplaceCategory(resources, "/ExtGState", states);
     ReplaceCategory(resources, "/Properties", MakePropertyLists(content));
+    QPDFObjectHandle forms = QPDFObjectHandle::newDictionary();
+    for (std::size_t index = 0; index < content.forms.size(); ++index) {
+        forms.replaceKey("/fm" + std::to_string(index), nested.GetForm(content.forms[index]));
+    }
+    ReplaceCategory(resources, "/XObject", forms);
     return resources;
 }
 

@@ -12,14 +12,15 @@ namespace OrvPdf
 {
 
 class LayerObjects;
+class NestedWriter;
 class ObjectMaker;
 
 /// Makes the resource dictionaries of contents that are written anew (ISO 32000-1, 7.8.3).
 class ResourcesWriter
 {
 public:
-    ResourcesWriter(ObjectMaker& givenMaker, LayerObjects& givenLayers)
-        : maker(givenMaker), layers(givenLayers)
+    ResourcesWriter(ObjectMaker& givenMaker, LayerObjects& givenLayers, NestedWriter& givenNested)
+        : maker(givenMaker), layers(givenLayers), nested(givenNested)
     {}
 
     /// The resources of a content: those that `before` has, if it is a dictionary, with the categories
@@ -36,6 +37,7 @@ private:
 
     ObjectMaker& maker;
     LayerObjects& layers;
+    NestedWriter& nested;
     std::vector<std::string> namedSeparations;
     std::set<std::string> knownSeparations;
 };

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include <boost/filesystem/operations.hpp>
 #include <qpdf/Pipeline.hh>
 #include <qpdf/Pl_Discard.hh>
 #include <qpdf/QPDF.hh>
@@ -108,7 +109,8 @@ void SaveDocument(OrvDoc::Document& document, const boost::filesystem::path& fil
 {
     WithName(file.string(), [&] {
         AtomicFile target(file);
-        DocumentAssembly assembly = AssembleDocument(document);
+        DocumentAssembly assembly =
+            AssembleDocument(document, boost::filesystem::absolute(file).parent_path());
         FilePipeline output(target);
         WriteTo(output, assembly);
         output.Flush();
@@ -121,7 +123,7 @@ void FlushDocument(OrvDoc::Document& document)
 {
     const std::string name = document.GetFilePath().empty() ? "document" : document.GetFilePath().string();
     WithName(name, [&] {
-        DocumentAssembly assembly = AssembleDocument(document);
+        DocumentAssembly assembly = AssembleDocument(document, {});
         Pl_Discard output;
         WriteTo(output, assembly);
         SetErrors(document, assembly);

@@ -37,8 +37,8 @@ TEST(InterpreterProblems, OperatorsWithoutAPlaceInTheModelAreCounted)
                 ElementsAre("operator BT: text is not modelled, byte 0",
                             "operator Tj: text is not modelled, byte 3 and 1 more",
                             "operator ET: text is not modelled, byte 17",
-                            "operator Do: forms and pictures are not modelled (Im1), byte 20 and 1 more",
-                            "operator Do: forms and pictures are not modelled (Im2), byte 36",
+                            "operator Do: resource /Im1: it is missing, byte 20 and 1 more",
+                            "operator Do: resource /Im2: it is missing, byte 36",
                             "operator sh: shadings are not modelled (Sh1), byte 44"));
 }
 
@@ -133,16 +133,15 @@ TEST(InterpreterProblems, AFinishedPathIsNotDamaged)
 
 TEST(InterpreterProblems, BytesThatArePrintedNowhereAreSpelledOut)
 {
-    EXPECT_EQ(Tree("/a#0Ab#FF Do"), " | operator Do: forms and pictures are not modelled (a#0Ab#FF), byte 0");
+    EXPECT_EQ(Tree("/a#0Ab#FF Do"), " | operator Do: resource /a#0Ab#FF: it is missing, byte 0");
 }
 
 TEST(InterpreterProblems, VeryLongNamesAreCutOff)
 {
     EXPECT_EQ(Tree("/" + std::string(128, 'x') + " Do"),
-              " | operator Do: forms and pictures are not modelled (" + std::string(127, 'x') +
-                  "...), byte 0");
+              " | operator Do: resource /" + std::string(127, 'x') + "...: it is missing, byte 0");
     EXPECT_EQ(Tree("/" + std::string(127, 'x') + " Do"),
-              " | operator Do: forms and pictures are not modelled (" + std::string(127, 'x') + "), byte 0");
+              " | operator Do: resource /" + std::string(127, 'x') + ": it is missing, byte 0");
 }
 
 TEST(InterpreterProblems, OddNumbersAreReadAndTold)

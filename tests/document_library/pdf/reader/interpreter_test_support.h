@@ -41,6 +41,7 @@ public:
         {"Pattern", OrvColor::ColorSpace::Pattern()}};
     std::map<std::string, OrvSys::PdfObject> states;
     std::map<std::string, PropertyList> lists;
+    std::map<std::string, XObject> xObjects;
     /// Problems that come with a resource that is found.
     std::map<std::string, std::string> warnings;
     std::size_t lookups = 0;
@@ -60,6 +61,11 @@ public:
         const auto found = lists.find(name);
         Find(lists, name, problem);
         return found == lists.end() ? boost::none : boost::make_optional(found->second);
+    }
+
+    XObject FindXObject(const std::string& name, std::string& problem) override
+    {
+        return Find(xObjects, name, problem);
     }
 
 private:

@@ -309,7 +309,7 @@ TEST(ContentWriter, SaysLayersByResources)
          std::make_unique<OrvDoc::Layer>(no), std::make_unique<OrvDoc::Layer>(first),
          Named(std::make_unique<OrvDoc::Layer>(no), "not two"));
     SeparationSpaces separations({});
-    const WrittenContent written = WriteContent(ContentOf(*document), separations);
+    const WrittenContent written = WriteContent(ContentOf(*document), separations, ContentStart::Page);
     EXPECT_EQ(written.bytes,
               std::string("/OC /oc0 BDC\n") + line +
                   "n\nEMC\n/OC /oc1 BDC\nEMC\n/OC /oc0 BDC\nEMC\n/OC /oc1 BDC\n/OrvAttributes <</Name "
@@ -346,7 +346,7 @@ TEST(ContentWriter, WritesAHundredThousandNestedGroups)
     }
     Place(*innermost, Line());
     SeparationSpaces separations({});
-    const std::string bytes = WriteContent(ContentOf(*document), separations).bytes;
+    const std::string bytes = WriteContent(ContentOf(*document), separations, ContentStart::Page).bytes;
     EXPECT_EQ(bytes.size(),
               depth * std::string("/OrvGroup BMC\nEMC\n").size() + std::string(line).size() + 2);
 }

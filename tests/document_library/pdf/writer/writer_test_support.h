@@ -22,7 +22,7 @@ WrittenContent WriteObjects(std::unique_ptr<Objects>... objects)
     const auto document = NewDocument(1);
     Fill(ContentOf(*document), std::move(objects)...);
     SeparationSpaces separations(document->GetSeparationInfo());
-    return WriteContent(ContentOf(*document), separations);
+    return WriteContent(ContentOf(*document), separations, ContentStart::Page);
 }
 
 template <typename... Objects>

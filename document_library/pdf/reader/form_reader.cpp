@@ -1,0 +1,143 @@
+#include "pdf/reader/form_reader.h"
+
+#include <utility>
+
+#include <orv_blend/transparency.h>
+#include <orv_doc/document.h>
+#include <orv_doc/group.h>
+#include <orv_paint/form_paint.h>
+
+#include "pdf/marked_content_tags.h"
+#include "pdf/reader/document_resources.h"
+#include "pdf/reader/form_properties.h"
+#include "pdf/reader/geometry_reader.h"
+#include "pdf/reader/inherited_parameters.h"
+#include "pdf/reader/layer_membership.h"
+#include "pdf/reader/nested_source.h"
+#include "pdf/reader/qpdf_text.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+/// Real forms are painted under a handful of states that they depend on.
+constexpr std::size_t maximumVariants = 1000;
+
+} // namespace
+
+PdfForm::PdfForm(DocumentResources& givenDocument, QPDFObjectHandle givenStream, QPDFObjectHandle around,
+                 std::shared_ptr<PdfForm> givenSame)
+    : document(givenDocument), stream(givenDocument, givenStream, "form", around), same(std::move(givenSame))
+{
+    std::string problem;
+    if (auto membership = ReadLayerMembership(document, GetEntry(givenStream, "/OC"), problem)) {
+        layer = std::make_shared<const OrvDoc::Layer::Membership>(std::move(*membership));
+    }
+    QPDFObjectHandle group = GetEntry(givenStream, "/Group");
+    isGroup = GetEntry(group, "/S").isNameAndEquals("/Transparency");
+    isIsolated = isGroup && IsTrue(GetEntry(group, "/I"));
+    isKnockout = isGroup && IsTrue(GetEntry(group, "/K"));
+    isWrittenGroup = isGroup && IsTrue(GetEntry(givenStream, Tags::groupFormKey));
+}
+
+std::shared_ptr<const FormUse> PdfForm::Use(const GraphicsState& state, std::string& problem)
+{
+    const std::lock_guard<std::recursive_mutex> lock(document.GetNestedContents().mutex);
+    if (same) {
+        return UseSame(state, problem);
+    }
+    for (const Variant& variant : variants) {
+        if (Agree(variant.state, state, variant.use->usedParameters)) {
+            return variant.use;
+        }
+    }
+    if (variants.size() >= maximumVariants) {
+        problem = "it depends on more than " + std::to_string(maximumVariants) + " graphics states around it";
+        return nullptr;
+    }
+    if (!stream.MayRead(problem)) {
+        return nullptr;
+    }
+    Variant variant;
+    variant.state = BeginForm(state);
+    NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::FormContent, variant.state);
+    variant.use = MakeUse(reading);
+    variants.push_back(std::move(variant));
+    return variants.back().use;
+}
+
+std::shared_ptr<const FormUse> PdfForm::UseSame(const GraphicsState& state, std::string& problem)
+{
+    const std::shared_ptr<const FormUse> original = same->Use(state, problem);
+    if (!original) {
+        return nullptr;
+    }
+    auto use = std::make_shared<FormUse>(*original);
+    use->isGroup = isGroup;
+    use->isIsolated = isIsolated;
+    use->isKnockout = isKnockout;
+    return use;
+}
+
+std::shared_ptr<const FormUse> PdfForm::MakeUse(NestedStream::Reading& reading)
+{
+    const Interpretation& interpretation = reading.interpretation;
+    auto use = std::make_shared<FormUse>();
+    use->paint = MakePaint(reading);
+    use->isGroup = isGroup;
+    use->isIsolated = isIsolated;
+    use->isKnockout = isKnockout;
+    use->usedParameters = interpretation.usedParameters;
+    use->isLossy = interpretation.hasUnmodelled && interpretation.usedParameters != 0;
+
+    auto source = std::make_unique<NestedSource>();
+    source->object = stream.GetStream().getObjectID();
+    source->user = use->paint;
+    source->isGroup = isGroup;
+    source->isIsolated = isIsolated;
+    source->isKnockout = isKnockout;
+    source->isSelfContained = interpretation.usedParameters == 0 && !layer;
+    source->hasUnmodelled = interpretation.hasUnmodelled;
+    source->baseRevision = reading.content->GetRevision();
+    reading.content->SetSource(std::move(source));
+    use->reading = stream.Tell(reading);
+    return use;
+}
+
+std::shared_ptr<const OrvPaint::FormPaint> PdfForm::MakePaint(NestedStream::Reading& reading)
+{
+    const SourceFile::Access access(document.GetFile());
+    QPDFObjectHandle handle = stream.GetStream();
+    std::vector<std::string> problems;
+    OrvPaint::FormPaint::Factory factory(reading.content);
+    factory.SetFormTransformation(ReadMatrix(GetEntry(handle, "/Matrix"), "Matrix", problems))
+        .SetFormBBox(ReadRectangle(GetEntry(handle, "/BBox"), "BBox", problems));
+    ReadFormProperties(handle, document, factory, problems);
+    reading.errors.Add(std::move(problems));
+    return factory.Get();
+}
+
+std::unique_ptr<OrvDoc::Group> PdfForm::TakeGroup(const GraphicsState& state,
+                                                  std::shared_ptr<const NestedReading>& told)
+{
+    const std::lock_guard<std::recursive_mutex> lock(document.GetNestedContents().mutex);
+    std::string problem;
+    if (!isWrittenGroup || !stream.MayRead(problem)) {
+        return nullptr;
+    }
+    isWrittenGroup = false;
+    NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::FormContent, BeginForm(state));
+    auto* const group = dynamic_cast<OrvDoc::Group*>(reading.content->GetChildren().first);
+    if (!group || group->next || reading.interpretation.hasUnmodelled) {
+        return nullptr;
+    }
+    told = stream.Tell(reading);
+    group->ExtractFromParent();
+    group->SetTransparency(
+        OrvBlend::Transparency::Factory().SetIsolated(isIsolated).SetKnockout(isKnockout).Get());
+    return std::unique_ptr<OrvDoc::Group>(group);
+}
+
+} // namespace OrvPdf

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "pdf/reader/nested_stream.h"
+
+namespace OrvPdf
+{
+
+/// A form XObject of a file (ISO 32000-1, 8.10). Its content is read when somebody paints it.
+class PdfForm : public FormDefinition
+{
+public:
+    /// `around` are the resources of the content that names the form first. `givenSame` is the form whose
+    /// content this one has too; null for its own. Needs an access to the file.
+    PdfForm(DocumentResources& givenDocument, QPDFObjectHandle givenStream, QPDFObjectHandle around,
+            std::shared_ptr<PdfForm> givenSame);
+
+    std::shared_ptr<const FormUse> Use(const GraphicsState& state, std::string& problem) override;
+    std::unique_ptr<OrvDoc::Group> TakeGroup(const GraphicsState& state,
+                                             std::shared_ptr<const NestedReading>& told) override;
+    std::shared_ptr<const OrvDoc::Layer::Membership> GetLayer() const override { return layer; }
+
+private:
+    /// What a content depends on, and what it became there.
+    struct Variant
+    {
+        GraphicsState state;
+        std::shared_ptr<const FormUse> use;
+    };
+
+    std::shared_ptr<const FormUse> UseSame(const GraphicsState& state, std::string& problem);
+    std::shared_ptr<const FormUse> MakeUse(NestedStream::Reading& reading);
+    std::shared_ptr<const OrvPaint::FormPaint> MakePaint(NestedStream::Reading& reading);
+
+    DocumentResources& document;
+    NestedStream stream;
+    std::shared_ptr<const OrvDoc::Layer::Membership> layer;
+    bool isGroup = false;
+    bool isIsolated = false;
+    bool isKnockout = false;
+    bool isWrittenGroup = false;
+    std::vector<Variant> variants;
+    /// The form whose content this one has too; null for its own.
+    std::shared_ptr<PdfForm> same;
+};
+
+} // namespace OrvPdf

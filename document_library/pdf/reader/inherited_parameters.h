@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+
+#include "pdf/reader/graphics_state.h"
+
+namespace OrvPdf
+{
+
+/// The parameters of the graphics state that the content of a form begins with as they are where the form is
+/// painted (ISO 32000-1, 8.10.1). A set of bits.
+namespace Inherited
+{
+constexpr std::uint32_t fillColor = 1U << 0;
+constexpr std::uint32_t strokeColor = 1U << 1;
+constexpr std::uint32_t fillOverprint = 1U << 2;
+constexpr std::uint32_t strokeOverprint = 1U << 3;
+constexpr std::uint32_t overprintMode = 1U << 4;
+constexpr std::uint32_t lineWidth = 1U << 5;
+constexpr std::uint32_t lineCap = 1U << 6;
+constexpr std::uint32_t lineJoin = 1U << 7;
+constexpr std::uint32_t miterLimit = 1U << 8;
+constexpr std::uint32_t dash = 1U << 9;
+/// Of text; the model doesn't know it.
+constexpr std::uint32_t textState = 1U << 10;
+
+constexpr std::uint32_t fill = fillColor | fillOverprint | overprintMode;
+constexpr std::uint32_t stroke =
+    strokeColor | strokeOverprint | overprintMode | lineWidth | lineCap | lineJoin | miterLimit | dash;
+constexpr std::uint32_t all = fill | stroke | textState;
+} // namespace Inherited
+
+/// The state that the content of a form begins with where the form is painted under `state`, every parameter
+/// marked as taken over.
+GraphicsState BeginForm(const GraphicsState& state);
+
+/// Whether two states agree in those parameters. Text states that were taken over never do, for they are not
+/// known.
+bool Agree(const GraphicsState& left, const GraphicsState& right, std::uint32_t parameters);
+
+} // namespace OrvPdf

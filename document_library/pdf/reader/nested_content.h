@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <orv_doc/layer.h>
+
+namespace OrvDoc
+{
+class Group;
+}
+
+namespace OrvPaint
+{
+class FormPaint;
+}
+
+namespace OrvPdf
+{
+
+struct GraphicsState;
+
+/// What reading a content met that lies inside of others: a form, the cell of a pattern, a soft mask.
+/// Immutable. The contents inside of it are referred to, since any number of contents may share one.
+struct NestedReading
+{
+    /// "form 12 0".
+    std::string place;
+    std::vector<std::string> errors;
+    std::vector<std::shared_ptr<const NestedReading>> inside;
+};
+
+/// A form as it is painted under one graphics state.
+struct FormUse
+{
+    std::shared_ptr<const OrvPaint::FormPaint> paint;
+    /// Whether the form is a transparency group (ISO 32000-1, 11.6.6), and its flags.
+    bool isGroup = false;
+    bool isIsolated = false;
+    bool isKnockout = false;
+    /// The parameters of the graphics state around the form that its content depends on: bits of `Inherited`.
+    std::uint32_t usedParameters = 0;
+    /// Whether its content has something that the model has no place for and that depends on them: whoever
+    /// paints it must be kept as well to keep that.
+    bool isLossy = false;
+    /// Null if there is nothing to tell.
+    std::shared_ptr<const NestedReading> reading;
+};
+
+/// A form XObject of a file.
+class FormDefinition
+{
+public:
+    virtual ~FormDefinition() = default;
+
+    /// The form under that state; the same one for all states that agree in what its content depends on.
+    /// Null, with the reason in `problem`, if it can't be painted: it is inside of itself, or too deep inside
+    /// of others.
+    virtual std::shared_ptr<const FormUse> Use(const GraphicsState& state, std::string& problem) = 0;
+
+    /// The group that the writer wrote as a form for its transparency; null for other forms, and when it was
+    /// taken before. To be asked first.
+    virtual std::unique_ptr<OrvDoc::Group> TakeGroup(const GraphicsState& state,
+                                                     std::shared_ptr<const NestedReading>& reading) = 0;
+
+    /// The layer of its `OC`; null for none.
+    virtual std::shared_ptr<const OrvDoc::Layer::Membership> GetLayer() const = 0;
+};
+
+} // namespace OrvPdf

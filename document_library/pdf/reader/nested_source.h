@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "orv_doc/content_source.h"
+
+namespace OrvPdf
+{
+
+/// Where the content of a form, a pattern or a soft mask comes from, for who writes it again.
+class NestedSource : public OrvDoc::Detail::ContentSource
+{
+public:
+    /// Object number of the stream in its file.
+    int object = 0;
+    /// The paint or mask that was made of it: one that somebody made with other properties is another one.
+    std::weak_ptr<const void> user;
+    /// Whether it is a transparency group, and the flags of that.
+    bool isGroup = false;
+    bool isIsolated = false;
+    bool isKnockout = false;
+    /// Whether the stream in the file says all there is without what is around it.
+    bool isSelfContained = true;
+    /// Whether it has something that the model has no place for.
+    bool hasUnmodelled = false;
+    /// The content's revision when it came out of the file.
+    std::uint64_t baseRevision = 0;
+};
+
+} // namespace OrvPdf

@@ -1,0 +1,105 @@
+#include "pdf/reader/nested_stream.h"
+
+#include <utility>
+
+#include <orv_doc/document.h>
+#include <orv_doc/errors.h>
+
+#include "pdf/marked_content_tags.h"
+#include "pdf/reader/document_resources.h"
+#include "pdf/reader/group_space.h"
+#include "pdf/reader/qpdf_text.h"
+#include "pdf/reader/resource_reader.h"
+#include "pdf/reader/stream_data.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+/// Marks a content as being read, for as long as it lives.
+class OpenMark
+{
+public:
+    OpenMark(bool& givenIsOpen, std::uint32_t& givenDepth) : isOpen(givenIsOpen), depth(givenDepth)
+    {
+        isOpen = true;
+        ++depth;
+    }
+    ~OpenMark()
+    {
+        isOpen = false;
+        --depth;
+    }
+    OpenMark(const OpenMark&) = delete;
+    OpenMark& operator=(const OpenMark&) = delete;
+
+private:
+    bool& isOpen;
+    std::uint32_t& depth;
+};
+
+} // namespace
+
+NestedStream::NestedStream(DocumentResources& givenDocument, QPDFObjectHandle givenStream, const char* kind,
+                           QPDFObjectHandle around)
+    : document(givenDocument), stream(givenStream), resources(GetEntry(givenStream, "/Resources"))
+{
+    if (!resources.isDictionary()) {
+        resources = around;
+    }
+    place = std::string(kind) + " " + std::to_string(stream.getObjectID()) + " " +
+            std::to_string(stream.getGeneration());
+}
+
+bool NestedStream::MayRead(std::string& problem) const
+{
+    const std::uint32_t limit = document.GetFile().GetOptions().limits.formNesting;
+    if (isOpen) {
+        problem = "it is painted inside of itself";
+    } else if (document.GetNestedContents().depth >= limit) {
+        problem = "it goes beyond the limit formNesting of " + std::to_string(limit);
+    }
+    return problem.empty();
+}
+
+NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const GraphicsState& state)
+{
+    const OpenMark mark(isOpen, document.GetNestedContents().depth);
+    const SourceFile& file = document.GetFile();
+    const OrvDoc::ReadOptions::Limits& limits = file.GetOptions().limits;
+    Reading reading{
+        std::make_shared<OrvDoc::Content>(document.GetDocument(), type), {}, ErrorList(limits.errors)};
+    EncodedStream encoded;
+    {
+        const SourceFile::Access access(file);
+        ReadGroupSpace(GetEntry(stream, "/Group"), document, *reading.content, reading.errors);
+        ReadBlendSpace(GetEntry(stream, Tags::blendSpaceKey), document, *reading.content, reading.errors);
+        encoded = FetchStream(stream);
+    }
+    const DecodedStream decoded = DecodeStream(
+        file, encoded, {limits.contentStreamBytes, "contentStreamBytes", limits.contentStreamBytes});
+    if (!decoded.problem.empty()) {
+        reading.errors.Add(decoded.problem);
+    }
+    ResourceReader inner(document, resources);
+    reading.interpretation = InterpretContent(decoded.bytes.View(), inner, limits, *reading.content, &state);
+    reading.errors.Add(std::move(reading.interpretation.errors));
+    return reading;
+}
+
+std::shared_ptr<const NestedReading> NestedStream::Tell(Reading& reading) const
+{
+    auto told = std::make_shared<NestedReading>();
+    told->place = place;
+    told->errors = reading.errors.Take();
+    told->inside = std::move(reading.interpretation.nested);
+    for (const std::string& text : told->errors) {
+        reading.content->GetActiveErrors().Add(place + ": " + text, OrvDoc::Errors::Origin::Reading);
+    }
+    const bool isSomethingTold = !told->errors.empty() || !told->inside.empty();
+    return isSomethingTold ? told : nullptr;
+}
+
+} // namespace OrvPdf

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <string>
+
+#include <qpdf/QPDFObjectHandle.hh>
+
+#include <orv_doc/content.h>
+
+#include "pdf/reader/content_interpreter.h"
+#include "pdf/reader/error_list.h"
+#include "pdf/reader/graphics_state.h"
+#include "pdf/reader/nested_content.h"
+
+namespace OrvPdf
+{
+
+class DocumentResources;
+
+/// The contents of a document that lie inside of others are read one at a time: each is read once, and they
+/// refer to one another in any way that a file likes.
+struct NestedContentLock
+{
+    std::recursive_mutex mutex;
+    /// How many contents are being read, one inside of the other.
+    std::uint32_t depth = 0;
+};
+
+/// A stream of a file that is a content inside of others: a form, the cell of a pattern, the drawing of a
+/// soft mask. Used under the lock of nested contents.
+class NestedStream
+{
+public:
+    /// `kind` is how messages call it. `around` are the resources of the content that names it first, which
+    /// count for streams of old files that have none. Needs an access to the file.
+    NestedStream(DocumentResources& givenDocument, QPDFObjectHandle givenStream, const char* kind,
+                 QPDFObjectHandle around);
+
+    struct Reading
+    {
+        std::shared_ptr<OrvDoc::Content> content;
+        Interpretation interpretation;
+        ErrorList errors;
+    };
+
+    /// Whether it may be read now; otherwise `problem` says why not: it is being read already, or too many
+    /// contents are.
+    bool MayRead(std::string& problem) const;
+    /// Reads it as a content of that type that begins in that state.
+    Reading Read(OrvDoc::Content::Type type, const GraphicsState& state);
+    /// Makes what was met active errors of the content, and what is told of it around; null for nothing.
+    std::shared_ptr<const NestedReading> Tell(Reading& reading) const;
+
+    DocumentResources& GetDocument() const { return document; }
+    QPDFObjectHandle GetStream() const { return stream; }
+
+private:
+    DocumentResources& document;
+    QPDFObjectHandle stream;
+    QPDFObjectHandle resources;
+    std::string place;
+    bool isOpen = false;
+};
+
+} // namespace OrvPdf

@@ -1,0 +1,90 @@
+#include <orv_blend/transparency.h>
+#include <orv_doc/path.h>
+#include <orv_paint/form_paint.h>
+
+#include "pdf/form_outline.h"
+#include "pdf/reader/interpreter.h"
+
+namespace OrvPdf
+{
+
+void Interpreter::PaintXObject(const Arguments& arguments)
+{
+    using Kind = ContentResources::XObject::Kind;
+    const std::string_view name = arguments[0].Text();
+    const auto& found = xObjects.Get(name, [this](const std::string& key, std::string& problem) {
+        return resources.FindXObject(key, problem);
+    });
+    if (!found.problem.empty()) {
+        problems.Unmodelled("Do", "resource /" + Readable(name) + ": " + found.problem, {},
+                            arguments.Place());
+    }
+    if (found.value.kind == Kind::Picture) {
+        problems.Unmodelled("Do", "pictures are not modelled", name, arguments.Place());
+    } else if (const std::shared_ptr<FormDefinition> form = found.value.form) {
+        PaintForm(*form, arguments);
+    }
+}
+
+void Interpreter::PaintForm(FormDefinition& form, const Arguments& arguments)
+{
+    const auto layer = form.GetLayer();
+    ScopeTree::Id scope = 0;
+    if (layer) {
+        GroupRecipe recipe;
+        recipe.membership = layer;
+        scope = tree.Open(std::move(recipe));
+    }
+    std::shared_ptr<const NestedReading> reading;
+    if (std::unique_ptr<OrvDoc::Group> group = form.TakeGroup(state, reading)) {
+        NoteReading(reading);
+        group->SetTransformation(Plexa::Concatenate(group->GetTransformation(), state.matrix));
+        ownClipsLeft = 0;
+        tree.Place(std::move(group));
+    } else {
+        std::string problem;
+        if (const std::shared_ptr<const FormUse> use = form.Use(state, problem)) {
+            PlaceForm(*use);
+        } else {
+            problems.Unmodelled("Do", "form /" + Readable(arguments[0].Text()) + " is left out: " + problem,
+                                {}, arguments.Place());
+        }
+    }
+    if (layer) {
+        tree.Close(scope);
+    }
+}
+
+void Interpreter::PlaceForm(const FormUse& use)
+{
+    const ObjectAttributes attributes = TakeAttributes();
+    auto object =
+        std::make_unique<OrvDoc::Path>(attributes.outline ? attributes.outline : MakeFormOutline(*use.paint));
+    if (!attributes.name.empty()) {
+        object->SetName(attributes.name);
+    }
+    if (!Plexa::IsIdentity(state.matrix)) {
+        object->SetTransformation(state.matrix);
+    }
+    object->SetFillPaint(use.paint);
+    if (use.isGroup) {
+        object->SetTransparency(
+            OrvBlend::Transparency::Factory().SetIsolated(use.isIsolated).SetKnockout(use.isKnockout).Get());
+    }
+    MarkUsed(use.usedParameters);
+    NoteReading(use.reading);
+    if (use.isLossy) {
+        problems.MarkUnmodelled();
+    }
+    ownClipsLeft = 0;
+    tree.Place(std::move(object));
+}
+
+void Interpreter::NoteReading(const std::shared_ptr<const NestedReading>& reading)
+{
+    if (reading && knownNested.insert(reading.get()).second) {
+        nested.push_back(reading);
+    }
+}
+
+} // namespace OrvPdf

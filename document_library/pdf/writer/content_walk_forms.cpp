@@ -1,0 +1,84 @@
+#include "pdf/writer/content_walk.h"
+
+#include <algorithm>
+
+#include <orv_blend/transparency.h>
+#include <orv_paint/form_paint.h>
+#include <plexa/compound.h>
+
+#include "pdf/form_outline.h"
+#include "pdf/writer/path_operators.h"
+
+namespace OrvPdf
+{
+
+using OrvDoc::Path;
+
+void ContentWalk::AppendDo(const FormReference& reference)
+{
+    auto found = std::find(result.forms.begin(), result.forms.end(), reference);
+    if (found == result.forms.end()) {
+        result.forms.push_back(reference);
+        found = result.forms.end() - 1;
+    }
+    out.append("/fm" + std::to_string(found - result.forms.begin()) + " Do\n");
+}
+
+bool ContentWalk::WriteForm(const Path& path)
+{
+    FormReference reference;
+    reference.paint = std::static_pointer_cast<const OrvPaint::FormPaint>(path.GetFillPaint());
+    if (const auto& transparency = path.GetTransparency()) {
+        reference.isGroup = true;
+        reference.isIsolated = transparency->isolated;
+        reference.isKnockout = transparency->knockout;
+    }
+    if (!IsFinite(path.GetTransformation())) {
+        return Refuse(path, "objects with infinite numbers in their matrix cannot be written");
+    }
+    if (path.GetStrokePaint()) {
+        Refuse(path, "strokes of paths that are filled with a form are left out");
+    }
+    const bool isEvenOdd = path.DefiningCompound()->GetWindingRule() == Plexa::WindingRule::EvenOdd;
+    std::string usual;
+    pathOperators.clear();
+    const PathLosses losses = AppendPath(pathOperators, *path.DefiningCompound());
+    AppendPath(usual, *MakeFormOutline(*reference.paint));
+    const bool hasOutline = isEvenOdd || pathOperators != usual;
+    if (hasOutline && (losses.notFinite || losses.empty)) {
+        return Refuse(path, "forms with an outline that is empty or infinite cannot be written");
+    }
+    if (!LeaveMatrix(path.GetTransformation(), path)) {
+        return false;
+    }
+    EnterMatrix(path.GetTransformation());
+    const bool isNamed = BeginNamedObject(path, true, hasOutline);
+    if (hasOutline) {
+        out.append("q\n" + pathOperators + (isEvenOdd ? "W* n\n" : "W n\n"));
+    }
+    AppendDo(reference);
+    out.append(hasOutline ? "Q\n" : "");
+    out.append(isNamed ? "EMC\n" : "");
+    return false;
+}
+
+bool ContentWalk::WriteAsForm(const OrvDoc::Group& group)
+{
+    const auto& transparency = group.GetTransparency();
+    if (!transparency || &group == groupOfForm) {
+        return false;
+    }
+    // Inside of the form there is no way out of a matrix without inverse.
+    PrepareGroup(group);
+    if (LeaveMatrix(Matrix(), group)) {
+        FormReference reference;
+        reference.group = &group;
+        reference.isGroup = true;
+        reference.isIsolated = transparency->isolated;
+        reference.isKnockout = transparency->knockout;
+        AppendDo(reference);
+    }
+    return true;
+}
+
+} // namespace OrvPdf

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <memory>
+
+namespace OrvDoc
+{
+class Group;
+}
+
+namespace OrvPaint
+{
+class FormPaint;
+}
+
+namespace OrvPdf
+{
+
+/// A form XObject that a content paints: a form, or a group that becomes one for its transparency.
+struct FormReference
+{
+    std::shared_ptr<const OrvPaint::FormPaint> paint;
+    /// Of a group; then there is no paint.
+    const OrvDoc::Group* group = nullptr;
+    /// Whether it is painted as a transparency group, and the flags of that.
+    bool isGroup = false;
+    bool isIsolated = false;
+    bool isKnockout = false;
+};
+
+inline bool operator==(const FormReference& left, const FormReference& right)
+{
+    return left.paint == right.paint && left.group == right.group && left.isGroup == right.isGroup &&
+           left.isIsolated == right.isIsolated && left.isKnockout == right.isKnockout;
+}
+
+} // namespace OrvPdf
