@@ -33,7 +33,7 @@ protected:
     void TransformationChangedSelf(const Plexa::TransformationBase<Plexa::MilliPointCoordinateSystem>& change,
                                    TransformationMode mode) override;
     /// Copies what every fillable object has into a clone.
-    void CloneFillableInto(Fillable& clone) const;
+    void CloneFillableInto(Fillable& clone, CloneStrategy& strategy) const;
 
 private:
     std::shared_ptr<const OrvPaint::Paint> fillPaint;

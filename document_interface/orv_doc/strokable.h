@@ -33,7 +33,7 @@ protected:
     /// The stroke properties have changed.
     virtual void StrokePropertiesChangedSelf() = 0;
     /// Copies what every strokable object has into a clone.
-    void CloneStrokableInto(Strokable& clone) const;
+    void CloneStrokableInto(Strokable& clone, CloneStrategy& strategy) const;
 
 private:
     std::shared_ptr<const OrvPaint::Paint> strokePaint;

@@ -8,6 +8,8 @@
 #include <orv_doc/document.h>
 #include <orv_doc/layer_properties.h>
 
+#include "orv_doc/nested_clones.h"
+
 namespace OrvDoc
 {
 
@@ -40,7 +42,7 @@ LayerPointer CopyLayer(const LayerPointer& layer, Layers& target)
 } // namespace
 
 CloneStrategy::CloneStrategy(Document& givenTarget, CloneFlags givenFlags)
-    : target(givenTarget), flags(givenFlags)
+    : target(givenTarget), flags(givenFlags), nested(std::make_unique<Detail::NestedClones>(*this))
 {}
 
 CloneStrategy::~CloneStrategy() = default;
@@ -62,6 +64,18 @@ LayerPointer CloneStrategy::CloneLayer(const LayerPointer& layer)
             return clone = candidate;
     }
     return clone = CopyLayer(layer, target.GetLayers());
+}
+
+std::shared_ptr<const OrvPaint::Paint>
+CloneStrategy::ClonePaint(const std::shared_ptr<const OrvPaint::Paint>& paint)
+{
+    return nested->ClonePaint(paint);
+}
+
+std::shared_ptr<const OrvBlend::Transparency>
+CloneStrategy::CloneTransparency(const std::shared_ptr<const OrvBlend::Transparency>& transparency)
+{
+    return nested->CloneTransparency(transparency);
 }
 
 void CloneContent(const Content& source, Content& destination, CloneStrategy& strategy)

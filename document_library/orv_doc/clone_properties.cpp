@@ -11,14 +11,14 @@ namespace OrvDoc
 namespace Detail
 {
 
-void CopyObjectProperties(const Blendable& source, Blendable& clone)
+void CopyObjectProperties(const Blendable& source, Blendable& clone, CloneStrategy& strategy)
 {
     // The object's own name: that of a layer belongs to the layer.
     const std::string& name = source.ContentObject::GetName();
     if (!name.empty())
         clone.ContentObject::SetName(name);
     clone.SetTransformation(source.GetTransformation());
-    clone.SetTransparency(source.GetTransparency());
+    clone.SetTransparency(strategy.CloneTransparency(source.GetTransparency()));
 }
 
 LogicalLayerExpression CloneExpression(const LogicalLayerExpression& source, CloneStrategy& strategy)
@@ -34,17 +34,17 @@ LogicalLayerExpression CloneExpression(const LogicalLayerExpression& source, Clo
 
 } // namespace Detail
 
-void Fillable::CloneFillableInto(Fillable& clone) const
+void Fillable::CloneFillableInto(Fillable& clone, CloneStrategy& strategy) const
 {
-    Detail::CopyObjectProperties(*this, clone);
-    clone.fillPaint = fillPaint;
+    Detail::CopyObjectProperties(*this, clone, strategy);
+    clone.fillPaint = strategy.ClonePaint(fillPaint);
     clone.halftoneSet = halftoneSet;
 }
 
-void Strokable::CloneStrokableInto(Strokable& clone) const
+void Strokable::CloneStrokableInto(Strokable& clone, CloneStrategy& strategy) const
 {
-    CloneFillableInto(clone);
-    clone.strokePaint = strokePaint;
+    CloneFillableInto(clone, strategy);
+    clone.strokePaint = strategy.ClonePaint(strokePaint);
     clone.strokeProperties = strokeProperties;
 }
 

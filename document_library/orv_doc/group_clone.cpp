@@ -73,7 +73,7 @@ Layer* Layer::Clone(CloneStrategy& strategy) const
 void Group::CloneInto(Group& clone, CloneStrategy& strategy) const
 {
     const auto copyProperties = [&strategy](const Group& source, Group& target) {
-        Detail::CopyObjectProperties(source, target);
+        Detail::CopyObjectProperties(source, target, strategy);
         target.flags = source.flags;
         target.markedContent =
             CloneMarkedContent(source.markedContent, source.GetContent(), strategy.GetDocument());

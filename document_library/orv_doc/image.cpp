@@ -21,10 +21,10 @@ void Image::SetHalftoneSet(std::shared_ptr<HalftoneSet> value)
     NotifyChanged(WhatChangedFlags::Paint);
 }
 
-Image* Image::Clone(CloneStrategy&) const
+Image* Image::Clone(CloneStrategy& strategy) const
 {
     auto clone = std::make_unique<Image>(picture);
-    Detail::CopyObjectProperties(*this, *clone);
+    Detail::CopyObjectProperties(*this, *clone, strategy);
     clone->halftoneSet = halftoneSet;
     return clone.release();
 }

@@ -14,10 +14,10 @@ ImageMask::ImageMask(std::shared_ptr<const OrvImg::PictureData> givenData) : dat
 
 ImageMask::~ImageMask() = default;
 
-ImageMask* ImageMask::Clone(CloneStrategy&) const
+ImageMask* ImageMask::Clone(CloneStrategy& strategy) const
 {
     auto clone = std::make_unique<ImageMask>(data);
-    CloneFillableInto(*clone);
+    CloneFillableInto(*clone, strategy);
     return clone.release();
 }
 

@@ -81,10 +81,10 @@ void Path::SetClippingObject(bool value)
     NotifyClippingRoleChanged();
 }
 
-Path* Path::Clone(CloneStrategy&) const
+Path* Path::Clone(CloneStrategy& strategy) const
 {
     auto clone = std::make_unique<Path>(compound);
-    CloneStrokableInto(*clone);
+    CloneStrokableInto(*clone, strategy);
     clone->isClipping = isClipping;
     return clone.release();
 }

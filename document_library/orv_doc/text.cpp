@@ -75,10 +75,10 @@ void Text::SetCharacterTransformations(
     NotifyChanged(WhatChangedFlags::Outline);
 }
 
-Text* Text::Clone(CloneStrategy&) const
+Text* Text::Clone(CloneStrategy& strategy) const
 {
     auto clone = std::make_unique<Text>(characters, font, size);
-    CloneStrokableInto(*clone);
+    CloneStrokableInto(*clone, strategy);
     clone->charSpacing = charSpacing;
     clone->wordSpacing = wordSpacing;
     clone->textTransformation = textTransformation;
