@@ -4,9 +4,13 @@
 #include <sstream>
 
 #include <orv_blend/transparency.h>
+#include <orv_doc/content.h>
 #include <orv_doc/group.h>
 #include <orv_doc/marked_content.h>
 #include <orv_paint/flat_paint.h>
+#include <orv_paint/form_paint.h>
+#include <orv_paint/pattern_paint.h>
+#include <orv_paint/shading_paint.h>
 
 #include "orv_doc/text_form.h"
 
@@ -41,6 +45,51 @@ void AppendColor(std::string& text, const OrvColor::ColorList<OrvColor::ColorPol
     text += ')';
     if (color.overprint)
         text += " overprint";
+}
+
+void AppendMapping(std::string& text, const OrvColor::ColorList<OrvColor::SeparationMappingPolicy>& mapping)
+{
+    text += mapping.all ? "(All" : "(";
+    const char* separator = "";
+    for (const auto& entry : mapping.entries) {
+        text += separator + entry.name;
+        separator = ", ";
+    }
+    text += ')';
+    if (mapping.overprint)
+        text += " overprint";
+}
+
+/// The ID shows which objects draw with one and the same content.
+void AppendContent(std::string& text, const Content& content)
+{
+    text += "(content #" + std::to_string(content.GetID()) + ')';
+}
+
+void AppendPaint(std::string& text, const OrvPaint::Paint& paint)
+{
+    using Type = OrvPaint::Paint::Type;
+    text += GetName(paint.GetType());
+    switch (paint.GetType()) {
+    case Type::Flat:
+        AppendColor(text, static_cast<const OrvPaint::FlatPaint&>(paint).GetColor());
+        break;
+    case Type::AxialShading:
+    case Type::RadialShading:
+    case Type::OtherShading:
+        AppendMapping(text, static_cast<const OrvPaint::ShadingPaint&>(paint).GetSeparationMapping());
+        break;
+    case Type::TilingPattern: {
+        const auto& pattern = static_cast<const OrvPaint::PatternPaint&>(paint);
+        if (pattern.GetColor())
+            AppendColor(text, *pattern.GetColor());
+        AppendContent(text, pattern.GetContent());
+        break;
+    }
+    case Type::Form:
+        AppendContent(text, static_cast<const OrvPaint::FormPaint&>(paint).GetContent());
+        break;
+    }
 }
 
 void AppendTransparency(std::string& text, const OrvBlend::Transparency& transparency)
@@ -94,9 +143,8 @@ InfoText& InfoText::AddPaint(const char* label, const OrvPaint::Paint* paint)
 {
     if (!paint)
         return *this;
-    Begin() += std::string(label) + ' ' + GetName(paint->GetType());
-    if (paint->GetType() == OrvPaint::Paint::Type::Flat)
-        AppendColor(text, static_cast<const OrvPaint::FlatPaint*>(paint)->GetColor());
+    Begin() += std::string(label) + ' ';
+    AppendPaint(text, *paint);
     return *this;
 }
 

@@ -27,7 +27,8 @@ public:
     InfoText& AddCount(std::size_t count, const char* noun);
     /// `label "name"`; nothing for an empty name.
     InfoText& AddQuoted(const char* label, const std::string& value);
-    /// The type, and of a flat paint its colour; nothing for a null pointer.
+    /// The type, then a flat paint's or uncoloured pattern's colour, a shading's separations, a pattern's or
+    /// form's content by its ID; nothing for a null pointer.
     InfoText& AddPaint(const char* label, const OrvPaint::Paint* paint);
     /// Name, transformation and transparency.
     InfoText& AddObject(const Blendable& object);

@@ -15,8 +15,9 @@
 #include <orv_doc/marked_content.h>
 #include <orv_doc/text.h>
 #include <orv_doc/text_group.h>
+#include <orv_paint/whole_shading_paint.h>
 
-#include "document_library/orv_doc/model_makers.h"
+#include "document_library/orv_doc/nested_makers.h"
 
 namespace
 {
@@ -150,6 +151,35 @@ TEST(DumpInfo, TellsColoursAndOverprint)
     all.valueForAll = 0.5f;
     path->SetFillPaint(OrvPaint::GetFlatPaint(all, nullptr));
     EXPECT_EQ(path->DumpInfo().second, "non-zero, 3 segments, fill Flat(All 0.5)");
+}
+
+TEST(DumpInfo, TellsTheSeparationsOfAShading)
+{
+    OrvColor::ColorList<OrvColor::SeparationMappingPolicy> mapping;
+    mapping.Add("Gold", 0);
+    mapping.Add("Cut", 1);
+    mapping.overprint = true;
+    const auto path = MakePath();
+    path->SetFillPaint(OrvPaint::WholeShadingPaint::Factory(mapping, OrvSys::PdfObject()).Get());
+    EXPECT_EQ(path->DumpInfo().second, "non-zero, 3 segments, fill OtherShading(Gold, Cut) overprint");
+    mapping = {{}, 0, false, true};
+    path->SetFillPaint(OrvPaint::WholeShadingPaint::Factory(mapping, OrvSys::PdfObject()).Get());
+    EXPECT_EQ(path->DumpInfo().second, "non-zero, 3 segments, fill OtherShading(All)");
+}
+
+TEST(DumpInfo, TellsTheContentOfPatternsAndForms)
+{
+    const auto document = Document::CreateNew();
+    const auto path = MakePath();
+    const ContentPointer form = MakeFormContent(*document);
+    path->SetFillPaint(MakeForm(form));
+    EXPECT_EQ(path->DumpInfo().second,
+              "non-zero, 3 segments, fill Form(content #" + std::to_string(form->GetID()) + ")");
+    const ContentPointer cell = MakeContent(*document, Content::Type::UncoloredPatternContent);
+    const OrvColor::ColorList<OrvColor::ColorPolicy> gold{{{0.5f, "Gold"}}, 0.0f, false, false};
+    path->SetFillPaint(OrvPaint::PatternPaint::Factory(cell).SetColor(gold).Get());
+    EXPECT_EQ(path->DumpInfo().second, "non-zero, 3 segments, fill TilingPattern(Gold 0.5)(content #" +
+                                           std::to_string(cell->GetID()) + ")");
 }
 
 TEST(DumpInfo, KeepsNamesInTheirLine)
