@@ -111,7 +111,7 @@ public:
     Factory& SetStep(const Plexa::DimensionBase<Plexa::MilliPointCoordinateSystem>& step);
     /// The colour of an uncoloured pattern.
     Factory& SetColor(OrvColor::ColorList<OrvColor::ColorPolicy> color);
-    /// The same from a paint, whose colour and native space count.
+    /// The same from a paint, whose colour and native space count; null for none.
     Factory& SetColor(const std::shared_ptr<const FlatPaint>& paint);
     Factory& SetTilingType(TilingType tilingType);
     /// Another cell with the same fields.
