@@ -7,6 +7,7 @@
 #include "compare_or_report.h"
 #include "comparison_context.h"
 #include "content_comparison.h"
+#include "coordinate_equality.h"
 #include "layer_comparison.h"
 
 #include <orv_color/output_intent.h>
@@ -15,7 +16,6 @@
 #include <orv_doc/page_box.h>
 #include <orv_doc/separation.h>
 
-#include <cmath>
 #include <cstdint>
 
 namespace HarrowSupport::Comparators
@@ -25,10 +25,6 @@ namespace
 {
 
 using Box = Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem>;
-
-/// How far two edges may be apart, in milli-points: a rounding to whole milli-points on the way through a
-/// file may move either edge of a box by one.
-constexpr double boxEdgeTolerance = 1.1;
 
 struct LabelledBox
 {
@@ -41,21 +37,6 @@ constexpr LabelledBox pageBoxes[] = {
     {OrvDoc::PageBox::Bleed, "PageBleedBox"}, {OrvDoc::PageBox::Trim, "PageTrimBox"},
     {OrvDoc::PageBox::Art, "PageArtBox"},
 };
-
-bool EdgesMatch(double left, double right)
-{
-    return std::fabs(left - right) < boxEdgeTolerance;
-}
-
-bool BoxesMatch(const Box& left, const Box& right)
-{
-    return EdgesMatch(left.origin.y.value + left.size.height.value,
-                      right.origin.y.value + right.size.height.value) &&
-           EdgesMatch(left.origin.y.value, right.origin.y.value) &&
-           EdgesMatch(left.origin.x.value, right.origin.x.value) &&
-           EdgesMatch(left.origin.x.value + left.size.width.value,
-                      right.origin.x.value + right.size.width.value);
-}
 
 /// Returns whether the page counts are equal.
 bool ComparePageCounts(ComparisonContext& context, const OrvDoc::Document& left,
@@ -94,7 +75,7 @@ void ComparePageBoxes(ComparisonContext&, DifferenceScope<OrvDoc::Page>& scope, 
     for (const LabelledBox& entry : pageBoxes) {
         const Box& leftBox = left.GetPageBox(entry.box);
         const Box& rightBox = right.GetPageBox(entry.box);
-        if (!BoxesMatch(leftBox, rightBox))
+        if (!AllEdgesMatch(leftBox, rightBox))
             scope.AddValues(entry.label, leftBox, rightBox);
     }
 }
