@@ -11,8 +11,11 @@
 #include "shading_comparison.h"
 #include "work_counters.h"
 
+#include <orv_paint/axial_shading_paint.h>
 #include <orv_paint/flat_paint.h>
 #include <orv_paint/paint.h>
+#include <orv_paint/radial_shading_paint.h>
+#include <orv_paint/shading_paint.h>
 
 namespace HarrowSupport::Comparators
 {
@@ -62,13 +65,16 @@ void ComparePaint(ComparisonContext& context, const PaintPointer& left, const Pa
         CompareFlatPaint(context, left, right, scope);
         break;
     case OrvPaint::Paint::Type::AxialShading:
-        CompareAxialShading(*left, *right, scope);
+        CompareAxialShading(static_cast<const OrvPaint::AxialShadingPaint&>(*left),
+                            static_cast<const OrvPaint::AxialShadingPaint&>(*right), scope);
         break;
     case OrvPaint::Paint::Type::RadialShading:
-        CompareRadialShading(*left, *right, scope);
+        CompareRadialShading(static_cast<const OrvPaint::RadialShadingPaint&>(*left),
+                             static_cast<const OrvPaint::RadialShadingPaint&>(*right), scope);
         break;
     case OrvPaint::Paint::Type::OtherShading:
-        CompareShadingCommon(*left, *right, scope);
+        CompareShadingCommon(static_cast<const OrvPaint::ShadingPaint&>(*left),
+                             static_cast<const OrvPaint::ShadingPaint&>(*right), scope);
         break;
     case OrvPaint::Paint::Type::TilingPattern:
         ComparePattern(context, left, right, scope);
