@@ -1,6 +1,7 @@
 #pragma once
 
 #include "equal_paint_memo.h"
+#include "meeting_index.h"
 #include "object_classes.h"
 
 #include <harrow_support/comparators.h>
@@ -65,6 +66,13 @@ struct ComparisonContext
     ObjectClasses objectClasses;
     /// Flat paints found alike. It only saves comparisons whose outcome is known.
     EqualPaintMemo equalFlatPaints;
+    /// Where the lists of visited paints and contents have what. They only save scans.
+    MeetingIndex<const void*> patternIndex;
+    MeetingIndex<std::uint64_t> patternContentIndex;
+    MeetingIndex<const void*> formIndex;
+    /// For each right unique ID in formUniqueIds, the lowest left one that it belongs to. It only saves a
+    /// scan.
+    std::map<std::string, std::string> lowestLeftIds;
 };
 
 } // namespace HarrowSupport::Comparators

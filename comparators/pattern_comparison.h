@@ -19,8 +19,8 @@ namespace HarrowSupport::Comparators
 
 struct ComparisonContext;
 
-/// Compares two paints that are tiling patterns. Patterns have no parts that could be read yet, so nothing is
-/// compared.
+/// Compares two paints that are tiling patterns, with their cells. A pair that was met before is done; a
+/// paint that comes with another partner than before is a difference of its own, and compared in full.
 void ComparePattern(ComparisonContext& context, const std::shared_ptr<const OrvPaint::Paint>& left,
                     const std::shared_ptr<const OrvPaint::Paint>& right,
                     DifferenceScope<OrvDoc::ContentObject>& scope);
