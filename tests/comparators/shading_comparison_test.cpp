@@ -136,7 +136,7 @@ TEST(CompareShadings, EachEdgeOfTheBoxCountsInMilliPoints)
     const PaintPointer origin = box(0.0, 0.0, 0.0, 0.0);
     for (const double direction : {1.0, -1.0}) {
         const double within = direction * std::nextafter(tolerance, 0.0);
-        const double off = direction * std::nextafter(tolerance, 1.0);
+        const double off = direction * tolerance;
         for (int edge = 0; edge < 4; ++edge) {
             const auto moved = [&](double by) {
                 return box(edge == 0 ? by : 0.0, edge == 1 ? by : 0.0, edge == 2 ? by : 0.0,

@@ -1,0 +1,459 @@
+#include "comparators/form_comparison.h"
+
+#include "comparators/comparison_context.h"
+#include "comparators/external_reference_comparison.h"
+#include "support/paint_makers.h"
+#include "support/recording_reporter.h"
+#include "support/temporary_folder.h"
+
+#include <orv_doc/read_options.h>
+#include <orv_doc/write_options.h>
+
+#include <boost/filesystem/operations.hpp>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace HarrowSupport::Testing
+{
+
+using Comparators::CompareExternalReferences;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Pair;
+
+namespace
+{
+
+using Factory = OrvPaint::FormPaint::Factory;
+using Scope = OrvPaint::FormPaint::Scope;
+using Reference = Comparators::ExternalReference;
+
+const ExpectedReport metWithAnotherRight = Difference("FormReuse", "1", "0");
+const ExpectedReport metWithAnotherLeft = Difference("FormReuse", "0", "1");
+
+Reference PageOfFile(const std::string& file, std::size_t page)
+{
+    return std::make_pair(boost::filesystem::path(file), page);
+}
+
+class Forms : public ::testing::Test
+{
+protected:
+    Factory Left(const std::string& name = "form") { return AForm(*left, name); }
+    Factory Right(const std::string& name = "form") { return AForm(*right, name); }
+
+    /// A path on each page, filled with these.
+    void Use(const PaintPointer& leftPaint, const PaintPointer& rightPaint)
+    {
+        Fill(ContentOf(*left), Filled(leftPaint));
+        Fill(ContentOf(*right), Filled(rightPaint));
+    }
+
+    /// The same with forms of that scope and these unique IDs.
+    void UseIds(Scope scope, const std::string& leftId, const std::string& rightId)
+    {
+        Use(Left().SetScope(scope).SetUniqueID(leftId).Get(),
+            Right().SetScope(scope).SetUniqueID(rightId).Get());
+    }
+
+    void Expect(const std::vector<ExpectedReport>& expected) { ExpectReports(*left, *right, expected); }
+
+    static void ExpectPaintReports(const Factory& leftFactory, const Factory& rightFactory,
+                                   const std::vector<ExpectedReport>& expected)
+    {
+        ExpectReports<OrvDoc::ContentObject>(*Filled(leftFactory.Get()), *Filled(rightFactory.Get()),
+                                             expected);
+        ExpectReports<OrvDoc::ContentObject>(*Stroked(leftFactory.Get()), *Stroked(rightFactory.Get()),
+                                             expected);
+    }
+
+    const std::unique_ptr<OrvDoc::Document> left = NewDocument();
+    const std::unique_ptr<OrvDoc::Document> right = NewDocument();
+};
+
+/// Documents that lie in files, and what they refer to.
+class ExternalReferences : public ::testing::Test
+{
+protected:
+    std::unique_ptr<OrvDoc::Document> DocumentAt(const std::string& file)
+    {
+        const std::string name = folder.NameOf(file);
+        boost::filesystem::create_directories(boost::filesystem::path(name).parent_path());
+        NewDocument()->Save(name, OrvDoc::WriteOptions(OrvDoc::WriteOptions::Flavour::Full));
+        return OrvDoc::Document::Create(name, OrvDoc::ReadOptions());
+    }
+
+    Reference To(const std::string& file, std::size_t page) { return PageOfFile(folder.NameOf(file), page); }
+
+    static void ExpectSame(const OrvDoc::Document& left, const OrvDoc::Document& right,
+                           const Reference& toLeft, const Reference& toRight, bool same)
+    {
+        EXPECT_EQ(CompareExternalReferences(left, right, toLeft, toRight), same);
+        EXPECT_EQ(CompareExternalReferences(right, left, toRight, toLeft), same);
+    }
+
+    TemporaryFolder folder;
+};
+
+} // namespace
+
+TEST_F(Forms, EqualOnesGiveNoReport)
+{
+    ExpectPaintReports(Left(), Right(), {});
+}
+
+TEST_F(Forms, TransformationsMayDifferByFiveUnitsInTheLastPlace)
+{
+    double five = 2.0;
+    for (int i = 0; i < 5; ++i)
+        five = std::nextafter(five, 3.0);
+    const Matrix two(2.0, 0.0, 0.0, 1.0, 0.0, 0.0);
+    ExpectPaintReports(Left().SetFormTransformation(two),
+                       Right().SetFormTransformation(Matrix(five, 0.0, 0.0, 1.0, 0.0, 0.0)), {});
+    ExpectPaintReports(
+        Left().SetFormTransformation(two),
+        Right().SetFormTransformation(Matrix(std::nextafter(five, 3.0), 0.0, 0.0, 1.0, 0.0, 0.0)),
+        {Difference("FormTransformation", "[A: 2, B: 0, C: 0, D: 1, X: 0, Y: 0]",
+                    "[A: 2, B: 0, C: 0, D: 1, X: 0, Y: 0]")});
+}
+
+TEST_F(Forms, BoxesAreExact)
+{
+    const double more = std::nextafter(10000.0, 20000.0);
+    const double some = std::nextafter(0.0, 1.0);
+    for (const Box& box : {Box(some, 0.0, 10000.0, 10000.0), Box(0.0, some, 10000.0, 10000.0),
+                           Box(0.0, 0.0, more, 10000.0), Box(0.0, 0.0, 10000.0, more)}) {
+        RecordingReporter reporter;
+        Comparators::Compare(reporter, static_cast<const OrvDoc::ContentObject&>(*Filled(Left().Get())),
+                             *Filled(Right().SetFormBBox(box).Get()), AllOptions());
+        EXPECT_THAT(reporter.Labels(), ElementsAre("FormBoundingBox"));
+    }
+    ExpectPaintReports(Left().SetFormBBox(Box()), Right().SetFormBBox(Box(0.0, 0.0, 0.0, 0.0)),
+                       {Difference("FormBoundingBox", "[ <initial/default state> ]",
+                                   "[ L: 0, T: 0, R: 0, B: 0 (W: 0, H 0) ]")});
+}
+
+TEST_F(Forms, AnExternalReferenceOnOneSideIsADifference)
+{
+    ExpectPaintReports(Left().SetExternalReference(PageOfFile("a.pdf", 3)), Right(),
+                       {Difference("FormExternalReference", "Page 3 @ a.pdf", "NoExternalReference")});
+}
+
+TEST_F(Forms, EqualExternalReferencesAreEqual)
+{
+    ExpectPaintReports(Left().SetExternalReference(PageOfFile("a.pdf", 3)),
+                       Right().SetExternalReference(PageOfFile("a.pdf", 3)), {});
+}
+
+TEST_F(Forms, ExternalReferencesOfDocumentsWithoutFileDifferByPage)
+{
+    ExpectPaintReports(Left().SetExternalReference(PageOfFile("a.pdf", 3)),
+                       Right().SetExternalReference(PageOfFile("a.pdf", 4)),
+                       {Difference("FormExternalReference", "Page 3 @ a.pdf", "Page 4 @ a.pdf")});
+}
+
+TEST_F(Forms, AnotherScopeIsADifference)
+{
+    ExpectPaintReports(Left().SetScope(Scope::File), Right().SetScope(Scope::File), {});
+    ExpectPaintReports(Left().SetScope(Scope::File), Right().SetScope(Scope::Global),
+                       {Difference("FormScope", " File", " Global")});
+}
+
+TEST_F(Forms, AScopeOnOneSideIsADifferenceAndLeavesTheIdsOut)
+{
+    ExpectPaintReports(Left().SetScope(Scope::Global).SetUniqueID(std::string("a")),
+                       Right().SetUniqueID(std::string("b")), {Difference("FormScope", " Global", "--")});
+}
+
+TEST_F(Forms, IdsWithoutAnyScopeAreNotCompared)
+{
+    ExpectPaintReports(Left().SetUniqueID(std::string("a")), Right().SetUniqueID(std::string("b")), {});
+}
+
+TEST_F(Forms, AnIdOnOneSideIsNotCompared)
+{
+    ExpectPaintReports(Left().SetScope(Scope::Global).SetUniqueID(std::string("a")),
+                       Right().SetScope(Scope::Global), {});
+}
+
+TEST_F(Forms, GlobalIdsAreComparedLiterally)
+{
+    ExpectPaintReports(Left().SetScope(Scope::Global).SetUniqueID(std::string("a")),
+                       Right().SetScope(Scope::Global).SetUniqueID(std::string("b")),
+                       {Difference("FormUniqueID", "a", "b")});
+}
+
+TEST_F(Forms, GlobalIdsNeedNotPairUp)
+{
+    UseIds(Scope::Global, "a", "x");
+    UseIds(Scope::Global, "a", "y");
+    Expect({Difference("FormUniqueID", "a", "x"), Difference("FormUniqueID", "a", "y")});
+}
+
+TEST_F(Forms, TheScopeOnTheLeftDecidesHowIdsAreCompared)
+{
+    Use(Left().SetScope(Scope::Global).SetUniqueID(std::string("a")).Get(),
+        Right().SetScope(Scope::File).SetUniqueID(std::string("b")).Get());
+    EXPECT_THAT(CompareLines(*left, *right),
+                ElementsAre("FormScope: ' Global' vs ' File'", "FormUniqueID: 'a' vs 'b'"));
+    EXPECT_THAT(CompareLines(*right, *left), ElementsAre("FormScope: ' File' vs ' Global'"));
+}
+
+TEST_F(Forms, NarrowIdsNeedNotBeAlike)
+{
+    for (const Scope scope : {Scope::Unknown, Scope::SingleUse, Scope::Record, Scope::File, Scope::Stream})
+        UseIds(scope, "a", "x");
+    UseIds(Scope::File, "b", "y");
+    Expect({});
+}
+
+TEST_F(Forms, NarrowIdsHaveToPairUp)
+{
+    UseIds(Scope::File, "a", "x");
+    UseIds(Scope::File, "b", "y");
+    UseIds(Scope::File, "a", "y");
+    EXPECT_THAT(CompareLines(*left, *right),
+                ElementsAre("FormUniqueIDReuse: '1' vs '0'", "FormUniqueIDReuse: '0' vs '1'"));
+}
+
+TEST_F(Forms, ANewRightIdForAKnownLeftOneIsADifference)
+{
+    UseIds(Scope::File, "a", "x");
+    UseIds(Scope::File, "a", "y");
+    EXPECT_THAT(CompareLines(*left, *right), ElementsAre("FormUniqueIDReuse: '1' vs '0'"));
+}
+
+TEST_F(Forms, ANewLeftIdForAKnownRightOneIsADifference)
+{
+    UseIds(Scope::File, "a", "x");
+    UseIds(Scope::File, "b", "x");
+    EXPECT_THAT(CompareLines(*left, *right), ElementsAre("FormUniqueIDReuse: '0' vs '1'"));
+}
+
+TEST_F(Forms, AnIdKeepsItsFirstPartner)
+{
+    UseIds(Scope::File, "a", "x");
+    UseIds(Scope::File, "a", "y");
+    UseIds(Scope::File, "a", "y"); // still another one than x
+    UseIds(Scope::File, "a", "x"); // as at first
+    UseIds(Scope::File, "b", "y"); // y never became the partner of a
+    EXPECT_THAT(CompareLines(*left, *right),
+                ElementsAre("FormUniqueIDReuse: '1' vs '0'", "FormUniqueIDReuse: '1' vs '0'"));
+}
+
+TEST_F(Forms, TheLowestLeftIdOfARightOneDecides)
+{
+    UseIds(Scope::File, "b", "x");
+    UseIds(Scope::File, "a", "x"); // told, and joins the map
+    UseIds(Scope::File, "a", "x"); // a is the lowest of those that have x
+    UseIds(Scope::File, "b", "x"); // and b is not any more
+    EXPECT_THAT(CompareLines(*left, *right),
+                ElementsAre("FormUniqueIDReuse: '0' vs '1'", "FormUniqueIDReuse: '0' vs '1'"));
+}
+
+TEST_F(Forms, TheMapHoldsTheFirstRightIdOfEachLeftOne)
+{
+    RecordingReporter reporter;
+    Comparators::ComparisonContext context(reporter, AllOptions());
+    const auto object = Square();
+    Comparators::DifferenceScope<OrvDoc::ContentObject> scope(*object, *object);
+    for (const auto& [leftId, rightId] : {std::pair("b", "x"), std::pair("a", "x"), std::pair("b", "y")}) {
+        Comparators::CompareForm(context, Left().SetScope(Scope::File).SetUniqueID(std::string(leftId)).Get(),
+                                 Right().SetScope(Scope::File).SetUniqueID(std::string(rightId)).Get(),
+                                 scope);
+    }
+    EXPECT_THAT(context.formUniqueIds, ElementsAre(Pair("a", "x"), Pair("b", "x")));
+}
+
+TEST_F(Forms, DifferencesOfTheObjectsComeFirstAndThoseOfTheFormInTheirOrder)
+{
+    RecordingReporter reporter;
+    Use(Left("a").SetScope(Scope::Global).SetUniqueID(std::string("a")).Get(),
+        Right("b")
+            .SetFormTransformation(Matrix(2.0, 0.0, 0.0, 1.0, 0.0, 0.0))
+            .SetFormBBox(Box())
+            .SetExternalReference(PageOfFile("a.pdf", 0))
+            .SetScope(Scope::File)
+            .SetUniqueID(std::string("b"))
+            .Get());
+    Comparators::Compare(reporter, *left, *right, AllOptions());
+    EXPECT_THAT(reporter.Labels(), ElementsAre("ObjectName", "FormTransformation", "FormBoundingBox",
+                                               "FormExternalReference", "FormScope", "FormUniqueID"));
+}
+
+TEST_F(Forms, AMismatchInAFormEndsTheFormAlone)
+{
+    Use(FormOf(*left, Square("a"), Square("b")).Get(), FormOf(*right, UserGroup(), Square("x")).Get());
+    Fill(ContentOf(*left), Square("c"));
+    Fill(ContentOf(*right), Square("d"));
+    Expect({Difference("ObjectType", "OrvDoc::Path", "OrvDoc::Group"), Difference("ObjectName", "c", "d")});
+}
+
+TEST_F(Forms, APairOfManyObjectsIsComparedAtTheFirst)
+{
+    const PaintPointer leftPaint = Left("a").Get();
+    const PaintPointer rightPaint = Right("b").SetFormBBox(Box()).Get();
+    for (int i = 0; i < 10; ++i)
+        Use(leftPaint, rightPaint);
+    Expect({Difference("ObjectName", "a", "b"),
+            Difference("FormBoundingBox", "[ L: 0, T: 10000, R: 10000, B: 0 (W: 10000, H 10000) ]",
+                       "[ <initial/default state> ]")});
+}
+
+TEST_F(Forms, OneWithAnotherPartnerIsADifferenceAndComparedInFull)
+{
+    const PaintPointer shared = Left("a").Get();
+    Use(shared, Right("a").Get());
+    Use(shared, Right("b").Get());
+    Expect({Difference("ObjectName", "a", "b"), metWithAnotherRight});
+}
+
+TEST_F(Forms, ARightOneWithAnotherPartnerIsTheMirror)
+{
+    const PaintPointer shared = Right("a").Get();
+    Use(Left("a").Get(), shared);
+    Use(Left("b").Get(), shared);
+    Expect({Difference("ObjectName", "b", "a"), metWithAnotherLeft});
+}
+
+TEST_F(Forms, TheOldestMeetingDecidesEachTime)
+{
+    const PaintPointer a = Left().Get();
+    const PaintPointer b = Left().Get();
+    const PaintPointer x = Right().Get();
+    const PaintPointer y = Right().Get();
+    Use(a, x);
+    Use(b, y);
+    Use(a, y);
+    Use(a, y);
+    Use(b, x);
+    Use(b, y);
+    Expect({metWithAnotherRight, metWithAnotherRight, metWithAnotherLeft});
+}
+
+TEST_F(Forms, FormsArePatternsToNoOne)
+{
+    // The lists are kept apart: a cell and a form may have been met in any order.
+    const PaintPointer leftForm = Left().Get();
+    const PaintPointer rightForm = Right().Get();
+    Use(leftForm, rightForm);
+    Use(APattern(*left).Get(), APattern(*right).Get());
+    Use(leftForm, rightForm);
+    Expect({});
+}
+
+TEST_F(Forms, OneThatHoldsItselfEnds)
+{
+    const auto endless = [](OrvDoc::Document& document, const std::string& name) {
+        const auto form = AForm(document, name).Get();
+        OrvDoc::Path& user = Place(form->GetContent(), Filled(form));
+        return std::pair<PaintPointer, OrvDoc::Path*>(form, &user);
+    };
+    const auto [leftForm, leftUser] = endless(*left, "a");
+    const auto [rightForm, rightUser] = endless(*right, "b");
+    Use(leftForm, rightForm);
+    Expect({Difference("ObjectName", "a", "b")});
+    // The circle of owners has to be opened, or nothing frees it.
+    leftUser->SetFillPaint(nullptr);
+    rightUser->SetFillPaint(nullptr);
+}
+
+TEST_F(Forms, NestDeeply)
+{
+    const auto nested = [](OrvDoc::Document& document, const std::string& name) {
+        PaintPointer paint = AForm(document, name).Get();
+        for (int depth = 0; depth < 64; ++depth)
+            paint = FormOf(document, Filled(paint)).Get();
+        return paint;
+    };
+    Use(nested(*left, "a"), nested(*right, "b"));
+    Expect({Difference("ObjectName", "a", "b")});
+}
+
+TEST_F(Forms, ThatHoldTheNextTwiceCostTheirNumber)
+{
+    const auto expanding = [](OrvDoc::Document& document, const std::string& name) {
+        PaintPointer paint = AForm(document, name).Get();
+        for (int depth = 0; depth < 40; ++depth)
+            paint = FormOf(document, Filled(paint), Filled(paint)).Get();
+        return paint;
+    };
+    Use(expanding(*left, "a"), expanding(*right, "b"));
+    Expect({Difference("ObjectName", "a", "b")});
+}
+
+TEST_F(ExternalReferences, OnOneSideOnlyDiffer)
+{
+    const auto document = DocumentAt("in/a.pdf");
+    ExpectSame(*document, *document, Reference(), Reference(), true);
+    ExpectSame(*document, *document, To("in/x.pdf", 0), Reference(), false);
+}
+
+TEST_F(ExternalReferences, OfOnePathAndPageAreEqualWhereverTheDocumentsLie)
+{
+    const auto here = DocumentAt("in/a.pdf");
+    const auto there = DocumentAt("out/a.pdf");
+    ExpectSame(*here, *there, To("in/x.pdf", 2), To("in/x.pdf", 2), true);
+}
+
+TEST_F(ExternalReferences, OfOnePathAndTwoPagesDifferIfTheDocumentsLieApart)
+{
+    const auto here = DocumentAt("in/a.pdf");
+    const auto there = DocumentAt("out/a.pdf");
+    ExpectSame(*here, *there, To("in/x.pdf", 2), To("in/x.pdf", 3), false);
+}
+
+TEST_F(ExternalReferences, ToTheSamePlaceSeenFromTheDocumentAreEqual)
+{
+    const auto here = DocumentAt("in/a.pdf");
+    const auto there = DocumentAt("out/b.pdf");
+    ExpectSame(*here, *there, To("in/parts/x.pdf", 2), To("out/parts/x.pdf", 2), true);
+    ExpectSame(*here, *there, To("x.pdf", 2), To("x.pdf", 2), true);
+    ExpectSame(*here, *there, To("in/parts/x.pdf", 2), To("out/x.pdf", 2), false);
+    ExpectSame(*here, *there, To("in/x.pdf", 2), To("out/y.pdf", 2), false);
+}
+
+TEST_F(ExternalReferences, ToTheSamePlaceAreEqualWhateverThePage)
+{
+    const auto here = DocumentAt("in/a.pdf");
+    const auto there = DocumentAt("out/a.pdf");
+    ExpectSame(*here, *there, To("in/x.pdf", 2), To("out/x.pdf", 7), true);
+    ExpectSame(*here, *here, To("in/x.pdf", 2), To("in/x.pdf", 7), true);
+}
+
+TEST_F(ExternalReferences, RelativeOnesAreSeenFromTheDocumentAlready)
+{
+    const auto here = DocumentAt("in/a.pdf");
+    const auto there = DocumentAt("out/a.pdf");
+    ExpectSame(*here, *there, PageOfFile("x.pdf", 0), To("out/x.pdf", 0), true);
+    ExpectSame(*here, *there, PageOfFile("x.pdf", 0), PageOfFile("./x.pdf", 0), true);
+    ExpectSame(*here, *there, PageOfFile("x.pdf", 0), PageOfFile("../x.pdf", 0), false);
+}
+
+TEST_F(ExternalReferences, OfNoUsableNameDiffer)
+{
+    const auto document = DocumentAt("in/a.pdf");
+    ExpectSame(*document, *document, PageOfFile("", 0), PageOfFile("", 1), false);
+    ExpectSame(*document, *document, PageOfFile("", 0), PageOfFile("", 0), true);
+    // A document that lies nowhere has no place to see files from.
+    const auto nowhere = NewDocument();
+    ExpectSame(*document, *nowhere, To("in/x.pdf", 0), To("in/x.pdf", 1), false);
+}
+
+TEST_F(ExternalReferences, OfFormsAreSeenFromTheDocumentsOfTheirContents)
+{
+    const auto here = DocumentAt("in/a.pdf");
+    const auto there = DocumentAt("out/a.pdf");
+    Fill(ContentOf(*here), Filled(AForm(*here).SetExternalReference(To("in/x.pdf", 1)).Get()),
+         Filled(AForm(*here).SetExternalReference(To("in/x.pdf", 1)).Get()));
+    Fill(ContentOf(*there), Filled(AForm(*there).SetExternalReference(To("out/x.pdf", 2)).Get()),
+         Filled(AForm(*there).SetExternalReference(To("out/y.pdf", 1)).Get()));
+    ExpectReports(*here, *there,
+                  {Difference("FormExternalReference", "Page 1 @ " + folder.NameOf("in/x.pdf"),
+                              "Page 1 @ " + folder.NameOf("out/y.pdf"))});
+}
+
+} // namespace HarrowSupport::Testing
