@@ -1,0 +1,440 @@
+// One property of a document is changed, and the comparison tells just that one. The table is the account of
+// it: label, mutation, result.
+
+#include "foreign_objects.h"
+
+#include "support/paint_scene.h"
+#include "support/recording_reporter.h"
+
+#include <orv_doc/blend_color_space.h>
+#include <orv_doc/halftone_set.h>
+#include <orv_doc/image.h>
+#include <orv_doc/transfer_function_set.h>
+#include <plexa/compound.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace HarrowSupport::Testing
+{
+
+using ::testing::ElementsAreArray;
+using ::testing::IsEmpty;
+
+namespace
+{
+
+using OrvColor::Unmapped;
+using PatternFactory = OrvPaint::PatternPaint::Factory;
+using PdfBox = Plexa::RectangleBase<Plexa::PdfCoordinateSystem>;
+using Scope = OrvPaint::FormPaint::Scope;
+using ContentType = OrvDoc::Content::Type;
+using Background = std::vector<OrvColor::Component>;
+
+/// One row of the table.
+struct Mutation
+{
+    std::string label;
+    std::string change;
+    std::function<void(Scene&)> apply;
+    /// All labels that come, in their order; the label alone if empty.
+    std::vector<std::string> result = {};
+    /// Why there are more than one, or others.
+    std::string reason = "";
+};
+
+void PrintTo(const Mutation& mutation, std::ostream* stream)
+{
+    *stream << mutation.label << ": " << mutation.change;
+}
+
+void SetHalftone(Scene& scene, const std::string& name, int definition)
+{
+    scene.path->SetHalftoneSet(
+        std::make_shared<OrvDoc::HalftoneSet>(name, OrvSys::PdfObject::Integer(definition)));
+}
+
+void SetEvenOdd(OrvDoc::Path& path)
+{
+    path.SetDefiningCompound(std::make_shared<const Plexa::Compound>(path.DefiningCompound()->GetSubpaths(),
+                                                                     Plexa::WindingRule::EvenOdd));
+}
+
+/// Makes the cell of the pattern an uncoloured one, in a colour without separations.
+void Uncolor(Scene& scene)
+{
+    const auto old = scene.pattern.Get();
+    scene.pattern =
+        PatternFactory(Drawing(*scene.document, ContentType::UncoloredPatternContent, Square("cell")))
+            .SetCellClip(old->GetCellClip())
+            .SetStep(old->GetStep())
+            .SetColor(Color());
+}
+
+const Matrix twice(2.0, 0.0, 0.0, 1.0, 0.0, 0.0);
+const Box otherBox(0.0, 0.0, 20000.0, 30000.0);
+
+std::vector<Mutation> ContentMutations()
+{
+    return {
+        {"ContentType",
+         "the cell of a pattern is an uncoloured one",
+         Uncolor,
+         {"ContentType", "PatternPaintIsUncolored"},
+         "an uncoloured cell needs a colour"},
+        {"ContentBlendColorSpace", "a form blends in DeviceRGB",
+         [](Scene& scene) {
+             scene.stage->SetBlendColorSpace(OrvDoc::BlendColorSpace(OrvColor::ColorSpace::DeviceRGB()));
+         }},
+        {"ContentTransferFunctions", "a form has a transfer function",
+         [](Scene& scene) {
+             scene.stage->SetTransferFunctionSet(OrvDoc::TransferFunctionSet(Ramp({0.0f}, {1.0f}), {}));
+         }},
+        {"ObjectAdded", "one more path", [](Scene& scene) { scene.extra = Square("extra"); }},
+        {"ObjectRemoved", "one path fewer", [](Scene& scene) { scene.last.reset(); }},
+        {"GroupIsUserCreated", "the flag of a group",
+         [](Scene& scene) { scene.group->SetFlags(OrvDoc::Group::Flags::DefaultUserCreated); }},
+        {"ObjectType", "a group in the place of a path",
+         [](Scene& scene) { scene.last = Named(UserGroup(), "last"); }},
+        {"ObjectHasFill", "a path without fill", [](Scene& scene) { scene.path->SetFillPaint(nullptr); }},
+        {"ObjectHasStroke", "a path without stroke",
+         [](Scene& scene) { scene.path->SetStrokePaint(nullptr); }},
+    };
+}
+
+std::vector<Mutation> ObjectMutations()
+{
+    using OrvBlend::BlendMode;
+    return {
+        {"ObjectHasTransparency", "a path without transparency",
+         [](Scene& scene) { scene.isBlended = false; }},
+        {"ObjectBlendMode", "Multiply",
+         [](Scene& scene) { scene.transparency.blendMode = BlendMode::Multiply; }},
+        {"ObjectFillAlpha", "half the alpha", [](Scene& scene) { scene.transparency.fillAlpha = 0.5f; }},
+        {"ObjectStrokeAlpha", "half the alpha", [](Scene& scene) { scene.transparency.strokeAlpha = 0.5f; }},
+        {"ObjectAlphaIsShape", "the flag", [](Scene& scene) { scene.transparency.alphaIsShape = true; }},
+        {"GroupIsIsolated", "the flag", [](Scene& scene) { scene.transparency.isolated = true; }},
+        {"GroupIsKnockout", "the flag", [](Scene& scene) { scene.transparency.knockout = true; }},
+        {"ObjectHasSoftMask", "a path without soft mask", [](Scene& scene) { scene.isMasked = false; }},
+        {"SoftMaskTransformation", "twice as wide",
+         [](Scene& scene) { scene.mask.SetTransformation(twice); }},
+        {"SoftMaskBackdropColor", "half the tint",
+         [](Scene& scene) {
+             scene.mask.SetBackdropColor(Tints({{"Black", 0.5f}}));
+         }},
+        {"SoftMaskAlpha", "alpha for luminosity", [](Scene& scene) { scene.mask.SetAlpha(true); }},
+        {"SoftMaskTransferFunction", "the identity is stated",
+         [](Scene& scene) { scene.mask.SetTransferFunction(true); }},
+        {"ObjectIsClipping", "a path clips", [](Scene& scene) { scene.clip->SetClippingObject(true); }},
+        {"ObjectAbsoluteTransformation", "a path elsewhere",
+         [](Scene& scene) { scene.path->SetTransformation(Matrix(1.0, 0.0, 0.0, 1.0, 500.0, 0.0)); }},
+        {"ObjectName", "another name", [](Scene& scene) { scene.path->SetName("other"); }},
+        {"HalftoneSetName",
+         "another name",
+         [](Scene& scene) { SetHalftone(scene, "Line", 1); },
+         {"HalftoneSetName", "HalftoneSet"},
+         "the name is part of the set"},
+        {"HalftoneSet", "another definition", [](Scene& scene) { SetHalftone(scene, "Round", 2); }},
+        {"ObjectHalftoneSet", "a path without halftones",
+         [](Scene& scene) { scene.path->SetHalftoneSet(nullptr); }},
+        {"ObjectWindingRule", "even-odd", [](Scene& scene) { SetEvenOdd(*scene.path); }},
+        {"ObjectShape", "a larger square",
+         [](Scene& scene) {
+             scene.path->SetDefiningCompound(Rectangle(1000.0, 1000.0, 6000.0, 6000.0)->DefiningCompound());
+         }},
+    };
+}
+
+std::vector<Mutation> ShadingMutations()
+{
+    const auto axialOf = [](Mapping mapping) {
+        return AxialShadingOf(std::move(mapping), Ramp({0.0f, 0.5f}, {1.0f, 0.25f}))
+            .SetBackground(Background{0.25f, 0.75f});
+    };
+    const auto registrationOf = [](Mapping mapping) {
+        return AxialShadingOf(std::move(mapping), Ramp({0.0f}, {1.0f}));
+    };
+    const std::string namesToo = "the separations of a paint are told as well";
+    return {
+        {"PaintTransformation", "twice as wide", [](Scene& scene) { scene.axial.SetTransformation(twice); }},
+        {"ShadingPaintBoundingBox", "a box",
+         [](Scene& scene) { scene.axial.SetBoundingBox(PdfBox(0.0, 0.0, 5.0, 5.0)); }},
+        {"ShadingPaintBackgroundDefined", "no background",
+         [](Scene& scene) { scene.axial.SetBackground(boost::none); }},
+        {"ShadingPaintBackground", "another tint",
+         [](Scene& scene) {
+             scene.axial.SetBackground(Background{0.25f, 0.5f});
+         }},
+        {"AxialShadingPaintPoints", "a longer axis",
+         [](Scene& scene) {
+             scene.axial.SetPoints({Point(0.0, 0.0), Point(11000.0, 0.0)});
+         }},
+        {"RadialShadingPaintCenters", "another centre",
+         [](Scene& scene) {
+             scene.radial.SetCenters({Point(5000.0, 5000.0), Point(5100.0, 5000.0)});
+         }},
+        {"RadialShadingPaintRadii", "a larger circle",
+         [](Scene& scene) {
+             scene.radial.SetRadii({0.0, 4010.0});
+         }},
+        {"ShadingPaintExtends", "goes on behind its end",
+         [](Scene& scene) {
+             scene.axial.SetExtends({false, true});
+         }},
+        {"ShadingPaintFunction", "another exponent",
+         [](Scene& scene) {
+             scene.axial.SetFunction(Ramp({0.0f, 0.5f}, {1.0f, 0.25f}, 2.0));
+         }},
+        {"ImageChannelsMapped", "a separation that no component stands for",
+         [axialOf](Scene& scene) {
+             scene.axial = axialOf(Components({{"Cyan", 0}, {"Spot", Unmapped}}));
+         }},
+        {"ImageChannelMapping", "no component stands for all separations",
+         [registrationOf](Scene& scene) { scene.registration = registrationOf(ComponentForAll(Unmapped)); }},
+        {"ImageOverprint",
+         "overprints",
+         [axialOf](Scene& scene) {
+             scene.axial = axialOf(Components({{"Cyan", 0}, {"Spot", 1}}, true));
+         },
+         {"PaintColorSpace", "ImageOverprint"},
+         namesToo},
+        {"ImageRegistrationColorSpace",
+         "one separation for all",
+         [registrationOf](Scene& scene) {
+             scene.registration = registrationOf(Components({{"Spot", 0}}));
+         },
+         {"PaintColorSpace", "ImageRegistrationColorSpace"},
+         namesToo},
+    };
+}
+
+std::vector<Mutation> PaintMutations()
+{
+    return {
+        {"PaintType", "a shading for a colour",
+         [](Scene& scene) { scene.path->SetFillPaint(AnAxialShading().Get()); }},
+        {"PaintColorSpace",
+         "another separation",
+         [](Scene& scene) {
+             scene.path->SetFillPaint(Flat(Tints({{"Spot", 0.5f}})));
+         },
+         {"PaintColorSpace", "PaintColor"},
+         "colours of two separations differ too"},
+        {"PaintColor", "another tint",
+         [](Scene& scene) {
+             scene.uncolored.SetColor(Tints({{"Spot", 0.5f}}));
+         }},
+        {"PatternPaintReuse", "two equal patterns for one",
+         [](Scene& scene) { scene.patternIsShared = false; }},
+        {"PatternPaintIsUncolored",
+         "a pattern has a colour",
+         Uncolor,
+         {"ContentType", "PatternPaintIsUncolored"},
+         "only an uncoloured cell may have a colour"},
+        {"PatternPaintBoundingBox", "a larger clip",
+         [](Scene& scene) { scene.pattern.SetCellClip(otherBox); }},
+        {"PatternPaintStep", "a wider step",
+         [](Scene& scene) {
+             scene.pattern.SetStep({8001.0, 9000.0});
+         }},
+        {"PatternPaintContentReuse", "two equal cells for one",
+         [](Scene& scene) {
+             scene.secondOfCell.SetContent(
+                 Drawing(*scene.document, ContentType::ColoredPatternContent, Square("cell of two")));
+         }},
+        {"FormReuse", "two equal forms for one", [](Scene& scene) { scene.formIsShared = false; }},
+        {"FormTransformation", "twice as wide",
+         [](Scene& scene) { scene.form.SetFormTransformation(twice); }},
+        {"FormBoundingBox", "a larger box", [](Scene& scene) { scene.form.SetFormBBox(otherBox); }},
+        {"FormExternalReference", "another page",
+         [](Scene& scene) {
+             scene.form.SetExternalReference(
+                 std::make_pair(boost::filesystem::path("parts.pdf"), std::size_t{2}));
+         }},
+        {"FormScope", "a scope fewer", [](Scene& scene) { scene.form.SetScope(boost::none); }},
+        {"FormUniqueID", "another ID", [](Scene& scene) { scene.form.SetUniqueID(std::string("other")); }},
+        {"FormUniqueIDReuse", "two IDs for one",
+         [](Scene& scene) { scene.secondOfId.SetUniqueID(std::string("another id")); }},
+    };
+}
+
+std::vector<Mutation> Table()
+{
+    std::vector<Mutation> table;
+    for (const std::vector<Mutation>& part :
+         {ContentMutations(), ObjectMutations(), ShadingMutations(), PaintMutations()})
+        table.insert(table.end(), part.begin(), part.end());
+    return table;
+}
+
+std::vector<std::string> Labels(Scene& left, Scene& right)
+{
+    RecordingReporter reporter;
+    Comparators::Compare(reporter, left.Assemble(), right.Assemble(), AllOptions());
+    return reporter.Labels();
+}
+
+/// What the labels become if left and right are swapped.
+std::vector<std::string> Mirrored(std::vector<std::string> labels)
+{
+    for (std::string& label : labels) {
+        if (label == "ObjectAdded")
+            label = "ObjectRemoved";
+        else if (label == "ObjectRemoved")
+            label = "ObjectAdded";
+    }
+    return labels;
+}
+
+class OneChange : public ::testing::TestWithParam<Mutation>
+{
+protected:
+    static std::vector<std::string> Expected()
+    {
+        return GetParam().result.empty() ? std::vector<std::string>{GetParam().label} : GetParam().result;
+    }
+
+    /// The scene with the change of the row.
+    static void Change(Scene& scene) { GetParam().apply(scene); }
+};
+
+} // namespace
+
+TEST_P(OneChange, IsToldAndNothingElse)
+{
+    Scene original;
+    Scene changed;
+    Change(changed);
+    EXPECT_THAT(Labels(original, changed), ElementsAreArray(Expected())) << GetParam().reason;
+}
+
+TEST_P(OneChange, IsToldFromTheOtherSide)
+{
+    Scene original;
+    Scene changed;
+    Change(changed);
+    EXPECT_THAT(Labels(changed, original), ElementsAreArray(Mirrored(Expected()))) << GetParam().reason;
+}
+
+TEST_P(OneChange, OnBothSidesIsNone)
+{
+    Scene one;
+    Scene other;
+    Change(one);
+    Change(other);
+    EXPECT_THAT(Labels(one, other), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, OneChange, ::testing::ValuesIn(Table()),
+                         [](const ::testing::TestParamInfo<Mutation>& row) { return row.param.label; });
+
+TEST(NoChange, IsToldAsNothing)
+{
+    Scene one;
+    Scene other;
+    EXPECT_THAT(Labels(one, other), IsEmpty());
+}
+
+// Two labels come even of equal sides, so that no change of one side brings them about.
+
+TEST(NoChange, OfAnImageInAnUncoloredPatternIsToldAllTheSame)
+{
+    const auto addImage = [](Scene& scene) {
+        Place(scene.uncolored.Get()->GetContent(), std::make_unique<OrvDoc::Image>(nullptr));
+    };
+    Comparators::Options withoutPictures = AllOptions();
+    withoutPictures.compareImageData = false;
+    Scene one;
+    Scene other;
+    addImage(one);
+    addImage(other);
+    EXPECT_THAT(CompareLines<OrvDoc::Document>(one.Assemble(), other.Assemble(), withoutPictures),
+                ElementsAreArray({"UncoloredPatternPaintHasImage"}));
+}
+
+TEST(NoChange, OfAnObjectOfNoKnownKindIsToldAllTheSame)
+{
+    Scene one;
+    Scene other;
+    one.last = std::make_unique<UnknownStrokable>();
+    other.last = std::make_unique<UnknownStrokable>();
+    EXPECT_THAT(Labels(one, other), ElementsAreArray({"UnknownObjectType"}));
+}
+
+TEST(MutationTable, HasEachLabelOnce)
+{
+    const std::vector<std::string> told = {"ContentType",
+                                           "ContentBlendColorSpace",
+                                           "ContentTransferFunctions",
+                                           "ObjectAdded",
+                                           "ObjectRemoved",
+                                           "GroupIsUserCreated",
+                                           "ObjectType",
+                                           "ObjectHasFill",
+                                           "ObjectHasStroke",
+                                           "ObjectHasTransparency",
+                                           "ObjectBlendMode",
+                                           "ObjectFillAlpha",
+                                           "ObjectStrokeAlpha",
+                                           "ObjectAlphaIsShape",
+                                           "GroupIsIsolated",
+                                           "GroupIsKnockout",
+                                           "ObjectHasSoftMask",
+                                           "SoftMaskTransformation",
+                                           "SoftMaskBackdropColor",
+                                           "SoftMaskAlpha",
+                                           "SoftMaskTransferFunction",
+                                           "ObjectIsClipping",
+                                           "ObjectAbsoluteTransformation",
+                                           "ObjectName",
+                                           "HalftoneSetName",
+                                           "HalftoneSet",
+                                           "ObjectHalftoneSet",
+                                           "ObjectWindingRule",
+                                           "ObjectShape",
+                                           "PaintType",
+                                           "PaintColorSpace",
+                                           "PaintColor",
+                                           "PaintTransformation",
+                                           "ShadingPaintBoundingBox",
+                                           "ShadingPaintBackgroundDefined",
+                                           "ShadingPaintBackground",
+                                           "AxialShadingPaintPoints",
+                                           "RadialShadingPaintCenters",
+                                           "RadialShadingPaintRadii",
+                                           "ShadingPaintExtends",
+                                           "ShadingPaintFunction",
+                                           "PatternPaintReuse",
+                                           "PatternPaintIsUncolored",
+                                           "PatternPaintBoundingBox",
+                                           "PatternPaintStep",
+                                           "PatternPaintContentReuse",
+                                           "FormReuse",
+                                           "FormTransformation",
+                                           "FormBoundingBox",
+                                           "FormExternalReference",
+                                           "FormScope",
+                                           "FormUniqueID",
+                                           "FormUniqueIDReuse",
+                                           "ImageChannelMapping",
+                                           "ImageOverprint",
+                                           "ImageRegistrationColorSpace",
+                                           "ImageChannelsMapped"};
+    std::vector<std::string> rows;
+    for (const Mutation& mutation : Table())
+        rows.push_back(mutation.label);
+    EXPECT_THAT(rows, ::testing::UnorderedElementsAreArray(told));
+}
+
+TEST(MutationTable, GivesAReasonForEachOtherResult)
+{
+    for (const Mutation& mutation : Table())
+        EXPECT_EQ(mutation.result.empty(), mutation.reason.empty()) << mutation.label;
+}
+
+} // namespace HarrowSupport::Testing
