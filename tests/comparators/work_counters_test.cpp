@@ -1,6 +1,7 @@
 #include "comparators/work_counters.h"
 
-#include "support/document_makers.h"
+#include "support/paint_makers.h"
+#include "support/paint_scene.h"
 #include "support/recording_reporter.h"
 #include "support/temporary_folder.h"
 
@@ -35,6 +36,48 @@ std::unique_ptr<OrvDoc::Document> Strokes(int count, float tint)
     const PaintPointer paint = Flat(Tints({{"Cyan", tint}}));
     for (int i = 0; i < count; ++i)
         Fill(ContentOf(*document), With(NamedGroup("g"), Stroked(paint)));
+    return document;
+}
+
+/// Thirty squares.
+ContentPointer DrawingOfSquares(OrvDoc::Document& document, OrvDoc::Content::Type type)
+{
+    ContentPointer content = NewContent(document, type);
+    for (int i = 0; i < 30; ++i)
+        Place(*content, Square());
+    return content;
+}
+
+PaintPointer AFormOfSquares(OrvDoc::Document& document)
+{
+    return OrvPaint::FormPaint::Factory(DrawingOfSquares(document, OrvDoc::Content::Type::FormContent)).Get();
+}
+
+PaintPointer APatternOfSquares(OrvDoc::Document& document)
+{
+    return OrvPaint::PatternPaint::Factory(
+               DrawingOfSquares(document, OrvDoc::Content::Type::ColoredPatternContent))
+        .Get();
+}
+
+/// Objects that share one paint.
+template <typename MakePaint>
+std::unique_ptr<OrvDoc::Document> UsersOf(MakePaint makePaint, int count)
+{
+    auto document = NewDocument();
+    const PaintPointer paint = makePaint(*document);
+    for (int i = 0; i < count; ++i)
+        Fill(ContentOf(*document), Filled(paint));
+    return document;
+}
+
+std::unique_ptr<OrvDoc::Document> PatternsOfOneCell(int count)
+{
+    auto document = NewDocument();
+    const OrvPaint::PatternPaint::Factory factory(
+        DrawingOfSquares(*document, OrvDoc::Content::Type::ColoredPatternContent));
+    for (int i = 0; i < count; ++i)
+        Fill(ContentOf(*document), Filled(factory.Get()));
     return document;
 }
 
@@ -119,6 +162,53 @@ TEST(Work, NoPairIsComparedBehindTheEndOfAList)
     Fill(ContentOf(*left), Square("same"), Square("b"), Square("c"));
     Fill(ContentOf(*right), Square("same"));
     EXPECT_EQ(WorkOf(*left, *right).pairsCompared, 1u);
+}
+
+TEST(Work, ASharedFormIsWalkedOnce)
+{
+    EXPECT_EQ(WorkOf(*UsersOf(AFormOfSquares, 100), *UsersOf(AFormOfSquares, 100)).pairsCompared, 100u + 30u);
+}
+
+TEST(Work, ASharedPatternIsWalkedOnce)
+{
+    EXPECT_EQ(WorkOf(*UsersOf(APatternOfSquares, 100), *UsersOf(APatternOfSquares, 100)).pairsCompared,
+              100u + 30u);
+}
+
+TEST(Work, ACellOfManyPatternsIsWalkedOnce)
+{
+    EXPECT_EQ(WorkOf(*PatternsOfOneCell(100), *PatternsOfOneCell(100)).pairsCompared, 100u + 30u);
+}
+
+TEST(Work, FormsThatAreSharedInAnotherWayAreWalkedForEachNewPartner)
+{
+    const auto left = UsersOf(AFormOfSquares, 3);
+    const auto right = NewDocument();
+    for (int i = 0; i < 3; ++i)
+        Fill(ContentOf(*right), Filled(AFormOfSquares(*right)));
+    const Comparators::WorkCounters work = WorkOf(*left, *right);
+    EXPECT_EQ(work.pairsCompared, 3u + 3u * 30u);
+    EXPECT_EQ(work.textsBuilt, 2u);
+}
+
+TEST(Work, FormsThatHoldTheNextTwiceCostTheirNumber)
+{
+    const auto expanding = [](int depth) {
+        auto document = NewDocument();
+        PaintPointer paint = AFormOfSquares(*document);
+        for (int i = 0; i < depth; ++i)
+            paint = FormOf(*document, Filled(paint), Filled(paint)).Get();
+        Fill(ContentOf(*document), Filled(paint));
+        return document;
+    };
+    EXPECT_EQ(WorkOf(*expanding(40), *expanding(40)).pairsCompared, 1u + 2u * 40u + 30u);
+}
+
+TEST(Work, EqualPaintsOfEveryKindBuildNoText)
+{
+    const auto one = std::make_unique<Scene>();
+    const auto other = std::make_unique<Scene>();
+    EXPECT_EQ(WorkOf(one->Assemble(), other->Assemble()).textsBuilt, 0u);
 }
 
 TEST_F(PagesOfFiles, AreNotInterpretedByOpeningAndCounting)
