@@ -15,6 +15,8 @@
 #include <array>
 #include <cstddef>
 #include <memory>
+#include <set>
+#include <tuple>
 
 namespace HarrowSupport::Comparators
 {
@@ -69,7 +71,27 @@ bool AllPairsMatch(const Pairs& pairs, const OrvPaint::Function& left, const Orv
     });
 }
 
-bool CompareStitching(const Pairs& pairs, const OrvPaint::StitchingFunction& left,
+/// Stitching functions inside others that were found equal, with the pair of components. Parts may be shared,
+/// and a few dozen levels that hold the next one twice would otherwise never come to an end.
+using EqualParts = std::set<std::tuple<const OrvPaint::Function*, const OrvPaint::Function*, ComponentPair>>;
+
+bool CompareFunctionsKnowing(EqualParts& equalParts, const Pairs& pairs, const OrvPaint::Function& left,
+                             const OrvPaint::Function& right);
+
+bool CompareParts(EqualParts& equalParts, const ComponentPair& pair, const OrvPaint::Function& left,
+                  const OrvPaint::Function& right)
+{
+    const bool holdsParts = left.GetType() == OrvPaint::Function::Type::Stitching;
+    if (holdsParts && equalParts.count({&left, &right, pair}) != 0)
+        return true;
+    if (!CompareFunctionsKnowing(equalParts, Pairs(1, pair), left, right))
+        return false;
+    if (holdsParts)
+        equalParts.emplace(&left, &right, pair);
+    return true;
+}
+
+bool CompareStitching(EqualParts& equalParts, const Pairs& pairs, const OrvPaint::StitchingFunction& left,
                       const OrvPaint::StitchingFunction& right)
 {
     if (left.GetDomain() != right.GetDomain() || left.GetBounds() != right.GetBounds() ||
@@ -79,11 +101,10 @@ bool CompareStitching(const Pairs& pairs, const OrvPaint::StitchingFunction& lef
         return [&function](std::size_t component) { return AreZero(function.GetFunctions(), component); };
     };
     return AllPairsMatch(pairs, left, right, zeroIn(left), zeroIn(right), [&](const ComponentPair& pair) {
-        const Pairs thisPair(1, pair);
         return std::equal(left.GetFunctions().begin(), left.GetFunctions().end(),
                           right.GetFunctions().begin(), right.GetFunctions().end(),
-                          [&thisPair](const FunctionPointer& one, const FunctionPointer& other) {
-                              return CompareFunctions(thisPair, *one, *other);
+                          [&equalParts, &pair](const FunctionPointer& one, const FunctionPointer& other) {
+                              return CompareParts(equalParts, pair, *one, *other);
                           });
     });
 }
@@ -102,9 +123,8 @@ bool CompareExponential(const Pairs& pairs, const OrvPaint::ExponentialFunction&
     });
 }
 
-} // namespace
-
-bool CompareFunctions(const Pairs& pairs, const OrvPaint::Function& left, const OrvPaint::Function& right)
+bool CompareFunctionsKnowing(EqualParts& equalParts, const Pairs& pairs, const OrvPaint::Function& left,
+                             const OrvPaint::Function& right)
 {
     if (left.GetType() != right.GetType())
         return false;
@@ -114,13 +134,21 @@ bool CompareFunctions(const Pairs& pairs, const OrvPaint::Function& left, const 
                            [](const ComponentPair& pair) { return pair.first == pair.second; }) &&
                left == right;
     case OrvPaint::Function::Type::Stitching:
-        return CompareStitching(pairs, static_cast<const OrvPaint::StitchingFunction&>(left),
+        return CompareStitching(equalParts, pairs, static_cast<const OrvPaint::StitchingFunction&>(left),
                                 static_cast<const OrvPaint::StitchingFunction&>(right));
     case OrvPaint::Function::Type::Exponential:
         return CompareExponential(pairs, static_cast<const OrvPaint::ExponentialFunction&>(left),
                                   static_cast<const OrvPaint::ExponentialFunction&>(right));
     }
     return true;
+}
+
+} // namespace
+
+bool CompareFunctions(const Pairs& pairs, const OrvPaint::Function& left, const OrvPaint::Function& right)
+{
+    EqualParts equalParts;
+    return CompareFunctionsKnowing(equalParts, pairs, left, right);
 }
 
 } // namespace HarrowSupport::Comparators

@@ -298,4 +298,27 @@ TEST(CompareStitchingFunctions, NestDeeply)
     ExpectDifferent(one, nested(1.0f), nested(0.5f));
 }
 
+TEST(CompareStitchingFunctions, ThatHoldTheNextTwiceCostTheirNumber)
+{
+    const auto expanding = [](float end) {
+        FunctionPointer function = Ramp({0.0f}, {end});
+        for (int depth = 0; depth < 40; ++depth)
+            function = Stitched(function, function);
+        return function;
+    };
+    ExpectEqual(one, expanding(1.0f), expanding(1.0f));
+    ExpectDifferent(one, expanding(1.0f), expanding(0.5f));
+}
+
+TEST(CompareStitchingFunctions, PartsThatAreEqualInOneComponentAreComparedInTheNext)
+{
+    const auto nested = [](float second) {
+        const FunctionPointer part =
+            Stitched(Ramp({0.0f, 0.0f}, {1.0f, second}), Ramp({0.0f, 0.0f}, {1.0f, second}));
+        return Stitched(part, part);
+    };
+    ExpectEqual({{0, 0}}, nested(0.5f), nested(0.25f));
+    ExpectDifferent({{0, 0}, {1, 1}}, nested(0.5f), nested(0.25f));
+}
+
 } // namespace HarrowSupport::Testing
