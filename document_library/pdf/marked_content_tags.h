@@ -41,6 +41,14 @@ inline constexpr const char* groupFormKey = "/OrvGroup";
 /// A form whose content and properties are the same: the two are one form, painted as groups of different
 /// kinds.
 inline constexpr const char* sameFormKey = "/OrvForm";
+/// Of a pattern: another one whose cell is the same content.
+inline constexpr const char* sameCellKey = "/OrvCell";
+/// In a soft mask dictionary: the six numbers of the mask's transformation in full, where the form's `Matrix`
+/// is rounded since the mask is set under another matrix.
+inline constexpr const char* maskMatrixKey = "/OrvMatrix";
+/// In the form of a soft mask, a boolean: the group's colour space is there because the standard asks for
+/// one.
+inline constexpr const char* noBlendSpaceKey = "/OrvNoBlendSpace";
 /// The blend colour space of a form that is no transparency group.
 inline constexpr const char* blendSpaceKey = "/OrvBlendSpace";
 

@@ -62,7 +62,7 @@ std::shared_ptr<const FormUse> PdfForm::Use(const GraphicsState& state, std::str
     }
     Variant variant;
     variant.state = BeginForm(state);
-    NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::FormContent, variant.state);
+    NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::FormContent, &variant.state);
     variant.use = MakeUse(reading);
     variants.push_back(std::move(variant));
     return variants.back().use;
@@ -128,7 +128,8 @@ std::unique_ptr<OrvDoc::Group> PdfForm::TakeGroup(const GraphicsState& state,
         return nullptr;
     }
     isWrittenGroup = false;
-    NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::FormContent, BeginForm(state));
+    const GraphicsState initial = BeginForm(state);
+    NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::FormContent, &initial);
     auto* const group = dynamic_cast<OrvDoc::Group*>(reading.content->GetChildren().first);
     if (!group || group->next || reading.interpretation.hasUnmodelled) {
         return nullptr;

@@ -7,15 +7,24 @@
 
 #include <orv_doc/layer.h>
 
+#include "pdf/reader/group_recipe.h"
+
 namespace OrvDoc
 {
 class Group;
 }
 
+namespace OrvBlend
+{
+class SoftMask;
+}
+
 namespace OrvPaint
 {
+class FlatPaint;
 class FormPaint;
-}
+class PatternPaint;
+} // namespace OrvPaint
 
 namespace OrvPdf
 {
@@ -67,6 +76,48 @@ public:
 
     /// The layer of its `OC`; null for none.
     virtual std::shared_ptr<const OrvDoc::Layer::Membership> GetLayer() const = 0;
+};
+
+/// A tiling pattern as it is painted in one colour.
+struct PatternUse
+{
+    std::shared_ptr<const OrvPaint::PatternPaint> paint;
+    /// Null if there is nothing to tell.
+    std::shared_ptr<const NestedReading> reading;
+};
+
+/// A tiling pattern of a file.
+class TilingDefinition
+{
+public:
+    virtual ~TilingDefinition() = default;
+
+    /// Whether the pattern has the colour that it is painted in.
+    virtual bool IsUncolored() const = 0;
+
+    /// The pattern; that of an uncoloured one in this colour, which is null for coloured ones. The same one
+    /// for equal colours. Null, with the reason in `problem`, if it can't be painted.
+    virtual std::shared_ptr<const PatternUse> Use(const std::shared_ptr<const OrvPaint::FlatPaint>& color,
+                                                  std::string& problem) = 0;
+};
+
+/// A soft mask as it is in force under one matrix.
+struct MaskUse
+{
+    std::shared_ptr<const OrvBlend::SoftMask> mask;
+    /// Null if there is nothing to tell.
+    std::shared_ptr<const NestedReading> reading;
+};
+
+/// A soft mask dictionary of a file.
+class MaskDefinition
+{
+public:
+    virtual ~MaskDefinition() = default;
+
+    /// The mask that is set under a matrix, which leads to the content's coordinates. The same one for one
+    /// matrix. Null, with the reason in `problem`, if it can't be read.
+    virtual std::shared_ptr<const MaskUse> Use(const Matrix& matrix, std::string& problem) = 0;
 };
 
 } // namespace OrvPdf

@@ -64,7 +64,7 @@ bool NestedStream::MayRead(std::string& problem) const
     return problem.empty();
 }
 
-NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const GraphicsState& state)
+NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const GraphicsState* state)
 {
     const OpenMark mark(isOpen, document.GetNestedContents().depth);
     const SourceFile& file = document.GetFile();
@@ -84,7 +84,7 @@ NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const Graph
         reading.errors.Add(decoded.problem);
     }
     ResourceReader inner(document, resources);
-    reading.interpretation = InterpretContent(decoded.bytes.View(), inner, limits, *reading.content, &state);
+    reading.interpretation = InterpretContent(decoded.bytes.View(), inner, limits, *reading.content, state);
     reading.errors.Add(std::move(reading.interpretation.errors));
     return reading;
 }

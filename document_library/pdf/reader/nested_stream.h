@@ -48,8 +48,8 @@ public:
     /// Whether it may be read now; otherwise `problem` says why not: it is being read already, or too many
     /// contents are.
     bool MayRead(std::string& problem) const;
-    /// Reads it as a content of that type that begins in that state.
-    Reading Read(OrvDoc::Content::Type type, const GraphicsState& state);
+    /// Reads it as a content of that type that begins in that state; null stands for that of a page.
+    Reading Read(OrvDoc::Content::Type type, const GraphicsState* state);
     /// Makes what was met active errors of the content, and what is told of it around; null for nothing.
     std::shared_ptr<const NestedReading> Tell(Reading& reading) const;
 

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "pdf/reader/nested_stream.h"
+
+namespace OrvPdf
+{
+
+/// A tiling pattern of a file (ISO 32000-1, 8.7.3). Its cell is read when somebody paints with it.
+class PdfTiling : public TilingDefinition
+{
+public:
+    /// `around` are the resources of the content that names the pattern first. `givenSame` is the pattern
+    /// whose cell this one has too; null for its own. Needs an access to the file.
+    PdfTiling(DocumentResources& givenDocument, QPDFObjectHandle givenStream, QPDFObjectHandle around,
+              std::shared_ptr<PdfTiling> givenSame);
+
+    bool IsUncolored() const override { return isUncolored; }
+    std::shared_ptr<const PatternUse> Use(const std::shared_ptr<const OrvPaint::FlatPaint>& color,
+                                          std::string& problem) override;
+
+private:
+    struct Variant
+    {
+        std::shared_ptr<const OrvPaint::FlatPaint> color;
+        std::shared_ptr<const PatternUse> use;
+    };
+
+    std::shared_ptr<OrvDoc::Content> GetCell(std::string& problem);
+    std::shared_ptr<const OrvPaint::PatternPaint>
+    MakePaint(const std::shared_ptr<OrvDoc::Content>& content,
+              const std::shared_ptr<const OrvPaint::FlatPaint>& color, std::string& problem);
+
+    DocumentResources& document;
+    NestedStream stream;
+    bool isUncolored = false;
+    std::shared_ptr<OrvDoc::Content> cell;
+    std::shared_ptr<const NestedReading> told;
+    std::vector<Variant> variants;
+    std::shared_ptr<PdfTiling> same;
+};
+
+} // namespace OrvPdf
