@@ -16,8 +16,12 @@ inline constexpr const char* textGroup = "OrvTextGroup";
 /// group has beside it, with the properties of a group.
 inline constexpr const char* attributes = "OrvAttributes";
 /// Around the operators of one object that is no group: `Name` (as above), `EvenOdd` (boolean: the winding
-/// rule of a path that nothing fills and that clips nothing), `Outline` (boolean: the first path inside,
-/// which clips what follows, is the outline of the object that is filled with the form that follows).
+/// rule of a path that nothing fills and that clips nothing), `Isolated` and `Knockout` (booleans: the flags
+/// of the object's transparency, which PDF knows for groups alone), `Blended` (boolean: the object has a
+/// transparency also if the graphics state says nothing but what is initial), `Halftones` (boolean: also if
+/// nothing paints the path, it has the halftones of the graphics state),
+/// `Outline` (boolean: the first path inside, which clips what follows, is the outline of the object that is
+/// filled with the form that follows).
 inline constexpr const char* object = "OrvObject";
 
 /// A marked-content point behind a clipping path that stands under a matrix of its own: `Matrix` has its six
@@ -31,6 +35,10 @@ inline constexpr const char* matrixKey = "Matrix";
 inline constexpr const char* clipKey = "Clip";
 inline constexpr const char* ownClipsKey = "OwnClips";
 inline constexpr const char* evenOddKey = "EvenOdd";
+inline constexpr const char* isolatedKey = "Isolated";
+inline constexpr const char* knockoutKey = "Knockout";
+inline constexpr const char* blendedKey = "Blended";
+inline constexpr const char* halftonesKey = "Halftones";
 inline constexpr const char* outlineKey = "Outline";
 
 // Private keys of form XObjects.

@@ -128,6 +128,7 @@ TEST(DocumentLaws, AClonedContentComparesEqualToItsSource)
                 OrvDoc::CloneStrategy strategy(*target, OrvDoc::CloneStrategy::CloneFlags::Full);
                 OrvDoc::CloneContent(page->GetContent(), clone, strategy);
                 clone.SetBlendColorSpace(page->GetContent().GetBlendColorSpace());
+                clone.SetTransferFunctionSet(page->GetContent().GetTransferFunctionSet());
                 text += Lines(CompareLines<OrvDoc::Content>(page->GetContent(), clone));
             }
             return text;

@@ -1,6 +1,7 @@
 #include "support/random_documents.h"
 
 #include "support/random_objects.h"
+#include "support/random_states.h"
 
 #include <harrow_support/content_generator.h>
 
@@ -195,6 +196,7 @@ std::unique_ptr<OrvDoc::Document> MakeDocument(const PlannedDocument& plan)
             }
         }
         page.GetContent().SetBlendColorSpace(RandomBlendColorSpace(pageRandom));
+        page.SetTransferFunctionSet(RandomTransferFunctions(pageRandom));
         ContentGenerator generator(page.GetContent());
         AddObjects(generator, pagePlan.objects, layers);
     }

@@ -1,5 +1,7 @@
 #include "support/random_objects.h"
 
+#include "support/random_states.h"
+
 #include <orv_color/gen_color_profiles.h>
 #include <orv_doc/layer.h>
 #include <orv_doc/marked_content.h>
@@ -356,6 +358,8 @@ std::unique_ptr<OrvDoc::ContentObject> MakeLeaf(PlannedKind kind, Random& random
         path->SetStrokePaint(RandomPaint(random));
         path->SetStrokeProperties(RandomStroke(random));
     }
+    SetRandomBlending(*path, random);
+    SetRandomHalftones(*path, random);
     return path;
 }
 

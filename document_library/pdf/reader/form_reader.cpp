@@ -48,9 +48,11 @@ std::shared_ptr<const FormUse> PdfForm::Use(const GraphicsState& state, std::str
     if (same) {
         return UseSame(state, problem);
     }
-    for (const Variant& variant : variants) {
-        if (Agree(variant.state, state, variant.use->usedParameters)) {
-            return variant.use;
+    Variant variant;
+    variant.state = BeginForm(state, isGroup);
+    for (const Variant& candidate : variants) {
+        if (Agree(candidate.state, variant.state, candidate.use->usedParameters)) {
+            return candidate.use;
         }
     }
     if (variants.size() >= maximumVariants) {
@@ -60,10 +62,8 @@ std::shared_ptr<const FormUse> PdfForm::Use(const GraphicsState& state, std::str
     if (!stream.MayRead(problem)) {
         return nullptr;
     }
-    Variant variant;
-    variant.state = BeginForm(state);
     NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::FormContent, &variant.state);
-    variant.use = MakeUse(reading);
+    variant.use = MakeUse(reading, variant.state);
     variants.push_back(std::move(variant));
     return variants.back().use;
 }
@@ -81,7 +81,7 @@ std::shared_ptr<const FormUse> PdfForm::UseSame(const GraphicsState& state, std:
     return use;
 }
 
-std::shared_ptr<const FormUse> PdfForm::MakeUse(NestedStream::Reading& reading)
+std::shared_ptr<const FormUse> PdfForm::MakeUse(NestedStream::Reading& reading, const GraphicsState& state)
 {
     const Interpretation& interpretation = reading.interpretation;
     auto use = std::make_shared<FormUse>();
@@ -90,7 +90,8 @@ std::shared_ptr<const FormUse> PdfForm::MakeUse(NestedStream::Reading& reading)
     use->isIsolated = isIsolated;
     use->isKnockout = isKnockout;
     use->usedParameters = interpretation.usedParameters;
-    use->isLossy = interpretation.hasUnmodelled && interpretation.usedParameters != 0;
+    const bool isSelfContained = FindPeculiar(state, interpretation.usedParameters) == 0;
+    use->isLossy = interpretation.hasUnmodelled && !isSelfContained;
 
     auto source = std::make_unique<NestedSource>();
     source->object = stream.GetStream().getObjectID();
@@ -98,7 +99,7 @@ std::shared_ptr<const FormUse> PdfForm::MakeUse(NestedStream::Reading& reading)
     source->isGroup = isGroup;
     source->isIsolated = isIsolated;
     source->isKnockout = isKnockout;
-    source->isSelfContained = interpretation.usedParameters == 0 && !layer;
+    source->isSelfContained = isSelfContained && !layer;
     source->hasUnmodelled = interpretation.hasUnmodelled;
     source->baseRevision = reading.content->GetRevision();
     reading.content->SetSource(std::move(source));
@@ -128,7 +129,7 @@ std::unique_ptr<OrvDoc::Group> PdfForm::TakeGroup(const GraphicsState& state,
         return nullptr;
     }
     isWrittenGroup = false;
-    const GraphicsState initial = BeginForm(state);
+    const GraphicsState initial = BeginForm(state, true);
     NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::FormContent, &initial);
     auto* const group = dynamic_cast<OrvDoc::Group*>(reading.content->GetChildren().first);
     if (!group || group->next || reading.interpretation.hasUnmodelled) {

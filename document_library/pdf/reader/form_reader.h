@@ -32,7 +32,7 @@ private:
     };
 
     std::shared_ptr<const FormUse> UseSame(const GraphicsState& state, std::string& problem);
-    std::shared_ptr<const FormUse> MakeUse(NestedStream::Reading& reading);
+    std::shared_ptr<const FormUse> MakeUse(NestedStream::Reading& reading, const GraphicsState& state);
     std::shared_ptr<const OrvPaint::FormPaint> MakePaint(NestedStream::Reading& reading);
 
     DocumentResources& document;

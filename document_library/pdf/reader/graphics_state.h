@@ -4,11 +4,14 @@
 #include <memory>
 #include <vector>
 
+#include <orv_blend/transparency.h>
 #include <orv_color/color_space.h>
+#include <orv_doc/halftone_set.h>
 #include <orv_doc/stroke_properties.h>
 #include <orv_paint/flat_paint.h>
 
 #include "pdf/reader/group_recipe.h"
+#include "pdf/reader/transfer_functions_in_force.h"
 
 namespace OrvPdf
 {
@@ -31,6 +34,15 @@ struct PaintSetting
     std::shared_ptr<const OrvPaint::FlatPaint> paint;
 };
 
+/// How objects join what is below them.
+struct BlendSetting
+{
+    /// As parameters set it. Isolated and knockout belong to objects and are never set here.
+    OrvBlend::Transparency value;
+    /// The same as objects have it; null until one needs it.
+    std::shared_ptr<const OrvBlend::Transparency> transparency;
+};
+
 /// The part of the graphics state (ISO 32000-1, 8.4) that the model knows. Cheap to copy, for `q`.
 struct GraphicsState
 {
@@ -41,6 +53,10 @@ struct GraphicsState
     PaintSetting stroke;
     /// Overprint mode 1 (`OPM`).
     bool nonzeroOverprint = false;
+    BlendSetting blending;
+    /// Null for those of the device.
+    std::shared_ptr<OrvDoc::HalftoneSet> halftones;
+    TransferSetting transfer;
     /// Never null.
     std::shared_ptr<const OrvDoc::StrokeProperties> strokeProperties;
     /// What still is as it was where the form is painted whose content this is: bits of `Inherited`.

@@ -14,6 +14,12 @@ bool AreEqual(const std::shared_ptr<const Color>& left, const std::shared_ptr<co
     return left && right && left->space == right->space && left->components == right->components;
 }
 
+template <typename Value>
+bool AreEqualValues(const std::shared_ptr<Value>& left, const std::shared_ptr<Value>& right)
+{
+    return left == right || (left && right && *left == *right);
+}
+
 bool AgreeInStroke(const OrvDoc::StrokeProperties& left, const OrvDoc::StrokeProperties& right,
                    std::uint32_t parameters)
 {
@@ -28,12 +34,26 @@ bool AgreeInStroke(const OrvDoc::StrokeProperties& left, const OrvDoc::StrokePro
 
 } // namespace
 
-GraphicsState BeginForm(const GraphicsState& state)
+GraphicsState BeginForm(const GraphicsState& state, bool isTransparencyGroup)
 {
     GraphicsState nested = state;
     nested.matrix = Matrix();
     nested.inherited = Inherited::all;
+    if (isTransparencyGroup) {
+        nested.blending = BlendSetting();
+    }
+    // A paint that was made for the content around may be known by its address there.
+    nested.blending.transparency = nullptr;
     return nested;
+}
+
+std::uint32_t FindPeculiar(const GraphicsState& state, std::uint32_t parameters)
+{
+    const bool isOpaque = state.blending.value == *OrvBlend::Transparency::Factory::GetDefault();
+    const std::uint32_t usual = (isOpaque ? Inherited::blending : 0) |
+                                (state.halftones ? 0 : Inherited::halftones) |
+                                (state.transfer.functions ? 0 : Inherited::transferFunctions);
+    return parameters & ~usual;
 }
 
 bool Agree(const GraphicsState& left, const GraphicsState& right, std::uint32_t parameters)
@@ -45,6 +65,10 @@ bool Agree(const GraphicsState& left, const GraphicsState& right, std::uint32_t 
            !(asks(Inherited::fillOverprint) && left.fill.overprint != right.fill.overprint) &&
            !(asks(Inherited::strokeOverprint) && left.stroke.overprint != right.stroke.overprint) &&
            !(asks(Inherited::overprintMode) && left.nonzeroOverprint != right.nonzeroOverprint) &&
+           !(asks(Inherited::blending) && left.blending.value != right.blending.value) &&
+           !(asks(Inherited::halftones) && !AreEqualValues(left.halftones, right.halftones)) &&
+           !(asks(Inherited::transferFunctions) &&
+             !AreEqualValues(left.transfer.functions, right.transfer.functions)) &&
            AgreeInStroke(*left.strokeProperties, *right.strokeProperties, parameters);
 }
 

@@ -21,18 +21,28 @@ constexpr std::uint32_t lineCap = 1U << 6;
 constexpr std::uint32_t lineJoin = 1U << 7;
 constexpr std::uint32_t miterLimit = 1U << 8;
 constexpr std::uint32_t dash = 1U << 9;
+constexpr std::uint32_t blending = 1U << 10;
+constexpr std::uint32_t halftones = 1U << 11;
+constexpr std::uint32_t transferFunctions = 1U << 12;
 /// Of text; the model doesn't know it.
-constexpr std::uint32_t textState = 1U << 10;
+constexpr std::uint32_t textState = 1U << 13;
 
 constexpr std::uint32_t fill = fillColor | fillOverprint | overprintMode;
 constexpr std::uint32_t stroke =
     strokeColor | strokeOverprint | overprintMode | lineWidth | lineCap | lineJoin | miterLimit | dash;
-constexpr std::uint32_t all = fill | stroke | textState;
+/// What counts for all that is painted.
+constexpr std::uint32_t painting = blending | halftones | transferFunctions;
+constexpr std::uint32_t all = fill | stroke | painting | textState;
 } // namespace Inherited
 
 /// The state that the content of a form begins with where the form is painted under `state`, every parameter
-/// marked as taken over.
-GraphicsState BeginForm(const GraphicsState& state);
+/// marked as taken over. What is in force for the blending of a transparency group applies to it as a whole:
+/// its content begins without (11.6.6).
+GraphicsState BeginForm(const GraphicsState& state, bool isTransparencyGroup);
+
+/// The parameters among these that are not what every content can count on: that objects are opaque, and that
+/// halftones and transfer functions are those of the device. A writer sees to it.
+std::uint32_t FindPeculiar(const GraphicsState& state, std::uint32_t parameters);
 
 /// Whether two states agree in those parameters. Text states that were taken over never do, for they are not
 /// known.

@@ -57,8 +57,9 @@ ContentLexerLimits LexerLimits(const OrvDoc::ReadOptions::Limits& limits)
 } // namespace
 
 Interpreter::Interpreter(ContentResources& contentResources, const OrvDoc::ReadOptions::Limits& readLimits,
-                         OrvDoc::Content& content, const GraphicsState* initial)
-    : resources(contentResources),
+                         OrvDoc::Content& givenContent, const GraphicsState* initial)
+    : content(givenContent),
+      resources(contentResources),
       limits(readLimits),
       problems(readLimits.errors),
       tree(content, readLimits.contentObjects, maximumGroupCopies)
@@ -124,6 +125,9 @@ void Interpreter::Finish(std::size_t streamSize)
         problems.Odd({}, "marked content that is not ended", {}, end);
     }
     tree.CloseAll();
+    if (auto functions = transferFunctions.GetOfContent(state.transfer)) {
+        content.SetTransferFunctionSet(std::move(functions));
+    }
     if (tree.HitObjectLimit()) {
         problems.Limit("contentObjects", limits.contentObjects, end);
     }

@@ -19,10 +19,17 @@
 #include "pdf/reader/content_lexer.h"
 #include "pdf/reader/content_resources.h"
 #include "pdf/reader/graphics_state.h"
+#include "pdf/reader/halftone_cache.h"
 #include "pdf/reader/paint_cache.h"
 #include "pdf/reader/problem_log.h"
 #include "pdf/reader/resource_cache.h"
 #include "pdf/reader/scope_tree.h"
+#include "pdf/reader/transparency_cache.h"
+
+namespace OrvDoc
+{
+class Blendable;
+}
 
 namespace OrvPdf
 {
@@ -56,7 +63,7 @@ class Interpreter
 public:
     /// `initial` may be null.
     Interpreter(ContentResources& contentResources, const OrvDoc::ReadOptions::Limits& readLimits,
-                OrvDoc::Content& content, const GraphicsState* initial);
+                OrvDoc::Content& givenContent, const GraphicsState* initial);
 
     Interpretation Run(std::string_view stream);
 
@@ -136,6 +143,10 @@ private:
         /// The path that comes first is the outline of what is painted, and clips it.
         bool hasOutline = false;
         std::shared_ptr<const Plexa::Compound> outline;
+        bool isolated = false;
+        bool knockout = false;
+        bool blended = false;
+        bool halftones = false;
     };
 
     struct OpenMark
@@ -194,7 +205,7 @@ private:
     void PaintPath(const Arguments& arguments, bool close, boost::optional<Plexa::WindingRule> fillRule,
                    bool stroke);
     void PlacePath(std::shared_ptr<const Plexa::Compound> compound, bool fill, bool stroke,
-                   const std::string& name);
+                   const ObjectAttributes& attributes);
     void BeginClip(std::shared_ptr<const Plexa::Compound> compound, const std::string& name, ByteRange place);
 
     // state_operators.cpp
@@ -214,6 +225,21 @@ private:
     bool ApplyDashParameter(const OrvSys::PdfObject& value, const Arguments& arguments);
     bool ApplyOverprintParameter(const std::string& key, const OrvSys::PdfObject& value);
 
+    // blending_parameters.cpp
+    bool ApplyBlendParameter(const std::string& key, const OrvSys::PdfObject& value,
+                             const Arguments& arguments);
+    bool ApplyBlendMode(const OrvSys::PdfObject& value, const Arguments& arguments);
+    /// Gives an object that is no group the transparency of the state.
+    void SetBlending(OrvDoc::Blendable& object, const ObjectAttributes& attributes);
+
+    // halftone_parameters.cpp
+    void ApplyHalftones(const OrvSys::PdfObject& parameters, const Arguments& arguments);
+
+    // transfer_parameters.cpp
+    void ApplyTransferFunctions(const OrvSys::PdfObject& parameters, const Arguments& arguments);
+    /// To be called for each object that paints.
+    void NotePainting();
+
     // color_operators.cpp
     using ColorSpaceEntry = ResourceCache<OrvColor::ColorSpace::Pointer>::Entry;
     const ColorSpaceEntry& LookUpColorSpace(std::string_view name);
@@ -229,6 +255,7 @@ private:
     // xobject_operators.cpp
     void PaintForm(FormDefinition& form, const Arguments& arguments);
     void PlaceForm(const FormUse& use);
+    void SetGroupBlending(OrvDoc::Blendable& object, bool isIsolated, bool isKnockout);
     void NoteReading(const std::shared_ptr<const NestedReading>& reading);
 
     // marked_content_operators.cpp
@@ -242,11 +269,15 @@ private:
                               const Arguments& arguments);
     PropertyList LookUpPropertyList(const std::string& name, std::string& problem);
 
+    OrvDoc::Content& content;
     ContentResources& resources;
     const OrvDoc::ReadOptions::Limits& limits;
     ProblemLog problems;
     ScopeTree tree;
     PaintCache paints;
+    TransparencyCache transparencies;
+    HalftoneCache halftones;
+    TransferFunctionsInForce transferFunctions;
     ResourceCache<OrvColor::ColorSpace::Pointer> spaces;
     /// The device spaces or what stands in for them, by family, once they have been had without a problem.
     std::array<OrvColor::ColorSpace::Pointer, 3> deviceSpaces;

@@ -153,12 +153,18 @@ void Interpreter::BeginMark(const std::string& tag, const PdfObject& properties,
 void Interpreter::BeginObject(const PdfObject& properties)
 {
     const PdfObject name = properties.Find(Tags::nameKey);
-    const PdfObject evenOdd = properties.Find(Tags::evenOddKey);
+    const auto isTrue = [&properties](const char* key) {
+        const PdfObject value = properties.Find(key);
+        return value.IsBoolean() && value.GetBoolean();
+    };
     ObjectAttributes attributes;
     attributes.name = name.IsString() ? name.GetText() : std::string();
-    attributes.evenOdd = evenOdd.IsBoolean() && evenOdd.GetBoolean();
-    const PdfObject outline = properties.Find(Tags::outlineKey);
-    attributes.hasOutline = outline.IsBoolean() && outline.GetBoolean();
+    attributes.evenOdd = isTrue(Tags::evenOddKey);
+    attributes.isolated = isTrue(Tags::isolatedKey);
+    attributes.knockout = isTrue(Tags::knockoutKey);
+    attributes.blended = isTrue(Tags::blendedKey);
+    attributes.halftones = isTrue(Tags::halftonesKey);
+    attributes.hasOutline = isTrue(Tags::outlineKey);
     objectAttributes = std::move(attributes);
     openMarks.push_back({0});
 }

@@ -10,18 +10,10 @@ bool IsNeutralParameter(const std::string& key, const PdfObject& value)
     if (key == "Type") {
         return true;
     }
-    if (key == "CA" || key == "ca") {
-        return value.IsNumber() && value.GetNumber() == 1.0;
-    }
-    if (key == "BM") {
-        // Of several modes the first one that a reader knows counts.
-        const PdfObject mode = value.IsArray() && !value.GetItems().empty() ? value.GetItems()[0] : value;
-        return mode.IsName("Normal") || mode.IsName("Compatible");
-    }
     if (key == "SMask") {
         return value.IsName("None");
     }
-    if (key == "AIS" || key == "SA") {
+    if (key == "SA") {
         return value.IsBoolean() && !value.GetBoolean();
     }
     if (key == "TK") {
@@ -34,10 +26,7 @@ bool IsNeutralParameter(const std::string& key, const PdfObject& value)
         // Zero asks for the device's own flatness, one is the initial value; both leave the drawing as it is.
         return value.IsNumber() && value.GetNumber() >= 0.0 && value.GetNumber() <= 1.0;
     }
-    if (key == "TR") {
-        return value.IsName("Identity");
-    }
-    if (key == "TR2" || key == "BG2" || key == "UCR2" || key == "HT" || key == "UseBlackPtComp") {
+    if (key == "BG2" || key == "UCR2" || key == "UseBlackPtComp") {
         return value.IsName("Default");
     }
     if (key == "HTO") {

@@ -1,7 +1,9 @@
+#include "pdf/halftone_definition.h"
 #include "pdf/number_text.h"
 #include "pdf/reader/inherited_parameters.h"
 #include "pdf/reader/interpreter.h"
 #include "pdf/reader/neutral_parameters.h"
+#include "pdf/transfer_definition.h"
 
 namespace OrvPdf
 {
@@ -17,6 +19,13 @@ double MilliPoints(const PdfObject& number)
     double value = 0.0;
     ParseNumber(number.Serialize(), 3, value);
     return value;
+}
+
+/// Whether a parameter is read together with others and not by itself.
+bool IsPartOfOthers(const std::string& key)
+{
+    return key == "HT" || key == halftoneNameKey || key == "TR" || key == "TR2" ||
+           key == transferFunctionsKey;
 }
 
 /// The parameter that a key sets, as a bit of what is taken over from around a form.
@@ -87,6 +96,8 @@ void Interpreter::SetParameters(const Arguments& arguments)
     if (overprint.IsBoolean() && parameters.Find("op").IsNull()) {
         ApplyOverprintParameter("op", overprint);
     }
+    ApplyHalftones(parameters, arguments);
+    ApplyTransferFunctions(parameters, arguments);
     for (const auto& [key, value] : parameters.GetEntries()) {
         ApplyParameter(key, value, arguments);
     }
@@ -101,7 +112,9 @@ void Interpreter::ApplyParameter(const std::string& key, const PdfObject& value,
         isWell = ApplyDashParameter(value, arguments);
     } else if (key == "OP" || key == "op" || key == "OPM") {
         isWell = ApplyOverprintParameter(key, value);
-    } else if (!IsNeutralParameter(key, value)) {
+    } else if (key == "BM" || key == "CA" || key == "ca" || key == "AIS") {
+        isWell = ApplyBlendParameter(key, value, arguments);
+    } else if (!IsPartOfOthers(key) && !IsNeutralParameter(key, value)) {
         problems.Unmodelled("gs", "parameter " + Readable(key) + " is not modelled", {}, arguments.Place());
     }
     if (!isWell) {

@@ -194,7 +194,7 @@ void Interpreter::PaintPath(const Arguments& arguments, bool close,
         return;
     }
     const auto compound = path.Finish(fillRule ? *fillRule : ruleByName);
-    PlacePath(compound, fillRule.has_value(), stroke, attributes.name);
+    PlacePath(compound, fillRule.has_value(), stroke, attributes);
     if (clipRule) {
         // The operator paints first and clips then, so its object is not among those that are clipped.
         BeginClip(Plexa::WithWindingRule(compound, *clipRule), {}, arguments.Place());
@@ -212,11 +212,11 @@ Interpreter::ObjectAttributes Interpreter::TakeAttributes()
 }
 
 void Interpreter::PlacePath(std::shared_ptr<const Plexa::Compound> compound, bool fill, bool stroke,
-                            const std::string& name)
+                            const ObjectAttributes& attributes)
 {
     auto object = std::make_unique<OrvDoc::Path>(std::move(compound));
-    if (!name.empty()) {
-        object->SetName(name);
+    if (!attributes.name.empty()) {
+        object->SetName(attributes.name);
     }
     if (!Plexa::IsIdentity(state.matrix)) {
         object->SetTransformation(state.matrix);
@@ -230,6 +230,14 @@ void Interpreter::PlacePath(std::shared_ptr<const Plexa::Compound> compound, boo
         object->SetStrokePaint(GetPaint(state.stroke));
         object->SetSharedStrokeProperties(state.strokeProperties);
     }
+    if (fill || stroke) {
+        MarkUsed(Inherited::painting);
+        NotePainting();
+    }
+    if (fill || stroke || attributes.halftones) {
+        object->SetHalftoneSet(state.halftones);
+    }
+    SetBlending(*object, attributes);
     ownClipsLeft = 0;
     tree.Place(std::move(object));
 }

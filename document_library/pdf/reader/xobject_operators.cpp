@@ -3,6 +3,7 @@
 #include <orv_paint/form_paint.h>
 
 #include "pdf/form_outline.h"
+#include "pdf/reader/inherited_parameters.h"
 #include "pdf/reader/interpreter.h"
 
 namespace OrvPdf
@@ -38,6 +39,7 @@ void Interpreter::PaintForm(FormDefinition& form, const Arguments& arguments)
     std::shared_ptr<const NestedReading> reading;
     if (std::unique_ptr<OrvDoc::Group> group = form.TakeGroup(state, reading)) {
         NoteReading(reading);
+        SetGroupBlending(*group, group->GetTransparency()->isolated, group->GetTransparency()->knockout);
         group->SetTransformation(Plexa::Concatenate(group->GetTransformation(), state.matrix));
         ownClipsLeft = 0;
         tree.Place(std::move(group));
@@ -78,6 +80,15 @@ void Interpreter::PlaceForm(const FormUse& use)
     }
     ownClipsLeft = 0;
     tree.Place(std::move(object));
+}
+
+void Interpreter::SetGroupBlending(OrvDoc::Blendable& object, bool isIsolated, bool isKnockout)
+{
+    MarkUsed(Inherited::blending);
+    OrvBlend::Transparency value = state.blending.value;
+    value.isolated = isIsolated;
+    value.knockout = isKnockout;
+    object.SetTransparency(transparencies.Get(value));
 }
 
 void Interpreter::NoteReading(const std::shared_ptr<const NestedReading>& reading)

@@ -111,7 +111,11 @@ void ContentWalk::AppendClip(const Clip& clip)
     if (!AreIdentical(states.GetMatrix(), matrix)) {
         states.Concatenate(matrix);
     }
-    const bool isNamed = BeginNamedObject(*clip.path, true);
+    if (clip.path->GetTransparency() || clip.path->GetHalftoneSet()) {
+        Refuse(*clip.path,
+               "what clipping paths, which paint nothing, have of transparency and halftones is left out");
+    }
+    const bool isNamed = BeginObject(*clip.path, {});
     out.append(clip.operators);
     out.append(isEvenOdd ? "W* n\n" : "W n\n");
     out.append(isNamed ? "EMC\n" : "");
@@ -164,6 +168,7 @@ void ContentWalk::EndContainer()
 
 void ContentWalk::Write(const OrvDoc::Content& content)
 {
+    BeginTransferFunctions(content);
     BeginContent(content);
     WriteContainers();
     Finish();
@@ -197,7 +202,7 @@ void ContentWalk::WriteContainers()
 void ContentWalk::Finish()
 {
     result.colorSpaces = colors.GetSpaces();
-    result.graphicsStates = states.GetOverprintStates();
+    result.graphicsStates = states.GetExtGStates();
     result.layers = memberships.TakeAll();
     result.propertyLists = propertyLists.TakeAll();
 }

@@ -88,6 +88,7 @@ private:
     void EnterMatrix(const Matrix& wanted);
 
     // Containers.
+    void BeginTransferFunctions(const OrvDoc::Content& content);
     void BeginContent(const OrvDoc::Content& content);
     void EndContainer();
     void BeginGroup(const OrvDoc::Group& group, const char* tag);
@@ -106,6 +107,7 @@ private:
     // Forms.
     bool WriteForm(const OrvDoc::Path& path);
     bool WriteAsForm(const OrvDoc::Group& group);
+    void SetFormState(const OrvBlend::Transparency& blending);
     void AppendDo(const FormReference& reference);
     void Finish();
     void WriteContainers();
@@ -113,7 +115,17 @@ private:
     // Paths.
     const PaintSettings* GetSettings(KnownPaint& known, const std::shared_ptr<const OrvPaint::Paint>& paint,
                                      const OrvDoc::Path& path, const char* unwritten);
-    bool BeginNamedObject(const OrvDoc::Path& path, bool saysWindingRule, bool hasOutline = false);
+
+    // Objects of any class.
+    /// `flags` are keys of booleans. False, and nothing is written, if there is nothing to say.
+    bool BeginObject(const OrvDoc::ContentObject& object, const std::vector<const char*>& flags);
+    /// What the graphics state can say of an object's transparency.
+    OrvBlend::Transparency GetBlending(const OrvDoc::Blendable& object);
+    /// Null if it has none that a file can hold.
+    std::shared_ptr<OrvDoc::HalftoneSet> GetHalftones(const OrvDoc::Fillable& object);
+    /// What the graphics state can't say of a transparency, for `BeginObject`.
+    static std::vector<const char*> GetBlendingFlags(const OrvDoc::Blendable& object,
+                                                     const OrvBlend::Transparency& written);
 
     WrittenContent& result;
     std::string& out;

@@ -7,6 +7,7 @@
 #include <plexa/compound.h>
 
 #include "pdf/form_outline.h"
+#include "pdf/marked_content_tags.h"
 #include "pdf/writer/path_operators.h"
 
 namespace OrvPdf
@@ -22,6 +23,13 @@ void ContentWalk::AppendDo(const FormReference& reference)
         found = result.forms.end() - 1;
     }
     out.append("/fm" + std::to_string(found - result.forms.begin()) + " Do\n");
+}
+
+// A form that is kept as it stands in its file counts on the device's own halftones.
+void ContentWalk::SetFormState(const OrvBlend::Transparency& blending)
+{
+    const std::shared_ptr<OrvDoc::HalftoneSet> ofDevice;
+    states.SetParameters(nullptr, nullptr, blending, &ofDevice);
 }
 
 bool ContentWalk::WriteForm(const Path& path)
@@ -48,17 +56,26 @@ bool ContentWalk::WriteForm(const Path& path)
     if (hasOutline && (losses.notFinite || losses.empty)) {
         return Refuse(path, "forms with an outline that is empty or infinite cannot be written");
     }
+    if (path.GetHalftoneSet()) {
+        Refuse(path, "halftones of paths that are filled with a form are left out");
+    }
+    const OrvBlend::Transparency blending = GetBlending(path);
     if (!LeaveMatrix(path.GetTransformation(), path)) {
         return false;
     }
+    SetFormState(blending);
     EnterMatrix(path.GetTransformation());
-    const bool isNamed = BeginNamedObject(path, true, hasOutline);
+    std::vector<const char*> flags;
+    if (hasOutline) {
+        flags.push_back(Tags::outlineKey);
+    }
+    const bool isMarked = BeginObject(path, flags);
     if (hasOutline) {
         out.append("q\n" + pathOperators + (isEvenOdd ? "W* n\n" : "W n\n"));
     }
     AppendDo(reference);
     out.append(hasOutline ? "Q\n" : "");
-    out.append(isNamed ? "EMC\n" : "");
+    out.append(isMarked ? "EMC\n" : "");
     return false;
 }
 
@@ -70,7 +87,9 @@ bool ContentWalk::WriteAsForm(const OrvDoc::Group& group)
     }
     // Inside of the form there is no way out of a matrix without inverse.
     PrepareGroup(group);
+    const OrvBlend::Transparency blending = GetBlending(group);
     if (LeaveMatrix(Matrix(), group)) {
+        SetFormState(blending);
         FormReference reference;
         reference.group = &group;
         reference.isGroup = true;

@@ -1,5 +1,6 @@
 #include "pdf/writer/content_walk.h"
 
+#include <orv_blend/transparency.h>
 #include <orv_paint/flat_paint.h>
 #include <orv_sys/pdf_object.h>
 #include <plexa/compound.h>
@@ -36,29 +37,24 @@ const PaintSettings* ContentWalk::GetSettings(KnownPaint& known,
     return &known.settings;
 }
 
-bool ContentWalk::BeginNamedObject(const Path& path, bool saysWindingRule, bool hasOutline)
+bool ContentWalk::BeginObject(const ContentObject& object, const std::vector<const char*>& flags)
 {
-    const bool isOddlyEvenOdd =
-        !saysWindingRule && path.DefiningCompound()->GetWindingRule() == Plexa::WindingRule::EvenOdd;
-    const std::string& name = path.GetName();
-    if (!isOddlyEvenOdd && !hasOutline && name.empty()) {
+    const std::string& name = object.GetName();
+    if (flags.empty() && name.empty()) {
         return false;
     }
     AppendName(out, Tags::object);
-    std::string attributes;
-    const auto add = [&attributes](const char* key, const std::string& value) {
-        attributes.append(attributes.empty() ? "/" : " /").append(key).append(" ").append(value);
-    };
-    if (isOddlyEvenOdd) {
-        add(Tags::evenOddKey, "true");
-    }
-    if (hasOutline) {
-        add(Tags::outlineKey, "true");
+    out.append(" <<");
+    const char* separator = "/";
+    for (const char* const flag : flags) {
+        out.append(separator).append(flag).append(" true");
+        separator = " /";
     }
     if (!name.empty()) {
-        add(Tags::nameKey, OrvSys::PdfObject::String(name).Serialize());
+        out.append(separator).append(Tags::nameKey).push_back(' ');
+        out.append(OrvSys::PdfObject::String(name).Serialize());
     }
-    out.append(" <<" + attributes + ">> BDC\n");
+    out.append(">> BDC\n");
     return true;
 }
 
@@ -85,10 +81,9 @@ bool ContentWalk::Visit(const Path& path)
     if (strokeSettings && !IsFinite(path.GetStrokeProperties())) {
         return Refuse(path, "paths with infinite stroke properties cannot be written");
     }
-    CheckBlending(path);
-    if (path.GetHalftoneSet()) {
-        Refuse(path, "halftones of objects are not written yet");
-    }
+    const OrvBlend::Transparency blending = GetBlending(path);
+    const bool isPainted = fillSettings || strokeSettings;
+    const std::shared_ptr<OrvDoc::HalftoneSet> halftones = GetHalftones(path);
     if (!LeaveMatrix(path.GetTransformation(), path)) {
         return false;
     }
@@ -99,18 +94,26 @@ bool ContentWalk::Visit(const Path& path)
         states.SetStrokeColor(strokeSettings->color);
         states.SetStrokeProperties(path.GetStrokeProperties());
     }
-    states.SetOverprint(fillSettings, strokeSettings);
+    states.SetParameters(fillSettings, strokeSettings, blending,
+                         isPainted || halftones ? &halftones : nullptr);
     EnterMatrix(path.GetTransformation());
-    const bool isNamed = BeginNamedObject(path, fillSettings != nullptr);
-    out.append(pathOperators);
     const bool isEvenOdd = path.DefiningCompound()->GetWindingRule() == Plexa::WindingRule::EvenOdd;
+    std::vector<const char*> flags = GetBlendingFlags(path, blending);
+    if (isEvenOdd && !fillSettings) {
+        flags.push_back(Tags::evenOddKey);
+    }
+    if (halftones && !isPainted) {
+        flags.push_back(Tags::halftonesKey);
+    }
+    const bool isMarked = BeginObject(path, flags);
+    out.append(pathOperators);
     if (fillSettings) {
         out.append(strokeSettings ? "B" : "f");
         out.append(isEvenOdd ? "*\n" : "\n");
     } else {
         out.append(strokeSettings ? "S\n" : "n\n");
     }
-    out.append(isNamed ? "EMC\n" : "");
+    out.append(isMarked ? "EMC\n" : "");
     return false;
 }
 

@@ -10,6 +10,7 @@ namespace OrvPdf
 WrittenContent WriteGroup(const OrvDoc::Group& group, SeparationSpaces& separations)
 {
     WrittenContent result;
+    result.start = ContentStart::Nested;
     ContentWalk(result, separations, ContentStart::Nested).Write(group);
     return result;
 }
@@ -17,10 +18,8 @@ WrittenContent WriteGroup(const OrvDoc::Group& group, SeparationSpaces& separati
 WrittenContent WriteContent(const OrvDoc::Content& content, SeparationSpaces& separations, ContentStart start)
 {
     WrittenContent result;
+    result.start = start;
     ContentWalk(result, separations, start).Write(content);
-    if (content.GetTransferFunctionSet()) {
-        result.problems.Add("transfer functions are not written yet");
-    }
     return result;
 }
 

@@ -26,12 +26,15 @@ class SeparationSpaces;
 /// index.
 struct WrittenContent
 {
+    ContentStart start = ContentStart::Page;
     std::string bytes;
     std::vector<OrvColor::ColorSpace::Pointer> colorSpaces; ///< `cs`
-    std::vector<OverprintState> graphicsStates;             ///< `gs`
-    std::vector<OrvDoc::Layer::Membership> layers;          ///< `oc`
-    std::vector<OrvDoc::MarkedContent> propertyLists;       ///< `mc`
-    std::vector<FormReference> forms;                       ///< `fm`
+    std::vector<ExtGState> graphicsStates;                  ///< `gs`
+    /// `tr`, without an index.
+    boost::optional<OrvDoc::TransferFunctionSet> transferFunctions;
+    std::vector<OrvDoc::Layer::Membership> layers;    ///< `oc`
+    std::vector<OrvDoc::MarkedContent> propertyLists; ///< `mc`
+    std::vector<FormReference> forms;                 ///< `fm`
     WritingProblems problems;
 };
 

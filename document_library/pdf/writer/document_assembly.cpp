@@ -108,7 +108,8 @@ DocumentAssembly AssembleDocument(const OrvDoc::Document& document, const boost:
     WriteResolvedLinks(document.GetNormalizedPDFLinks(), catalogue);
     assembly.errors = layers.GetProblems().GetTexts({});
     FinishObjects(assembly, maker, source);
-    // Layers came with 1.5, and so did object streams; all else that is written is older than 1.4.
+    // Layers came with 1.5, and so did object streams; transparency came with 1.4; all else that is
+    // written is older.
     assembly.version = layers.GetAllGroups().empty() ? "1.4" : "1.5";
     return assembly;
 }

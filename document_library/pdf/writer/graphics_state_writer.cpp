@@ -53,7 +53,7 @@ GraphicsStateWriter::GraphicsStateWriter(std::string& output, ContentStart start
         level.fill.space = PaintColor::unknown;
         level.stroke.space = PaintColor::unknown;
         level.properties = nullptr;
-        level.isOverprintKnown = false;
+        level.areParametersKnown = false;
     }
     levels.push_back(level);
 }
@@ -178,10 +178,16 @@ void GraphicsStateWriter::AppendDash(const OrvDoc::StrokeProperties& properties)
     out.append(" d\n");
 }
 
-void GraphicsStateWriter::SetOverprint(const PaintSettings* fill, const PaintSettings* stroke)
+void GraphicsStateWriter::SetParameters(const PaintSettings* fill, const PaintSettings* stroke,
+                                        const OrvBlend::Transparency& blending,
+                                        const std::shared_ptr<OrvDoc::HalftoneSet>* halftones)
 {
-    OverprintState& current = levels.back().overprint;
-    OverprintState wanted = current;
+    ExtGState& current = levels.back().parameters;
+    ExtGState wanted = current;
+    wanted.blending = blending;
+    if (halftones) {
+        wanted.halftones = *halftones;
+    }
     if (fill) {
         wanted.fill = fill->overprint;
     }
@@ -196,17 +202,14 @@ void GraphicsStateWriter::SetOverprint(const PaintSettings* fill, const PaintSet
             }
         }
     }
-    if ((wanted == current && levels.back().isOverprintKnown) || (!fill && !stroke)) {
+    bool& areKnown = levels.back().areParametersKnown;
+    const bool isPainted = fill || stroke || halftones;
+    if (wanted == current && (areKnown || !isPainted)) {
         return;
     }
-    levels.back().isOverprintKnown = true;
-    auto found = std::find(overprintStates.begin(), overprintStates.end(), wanted);
-    if (found == overprintStates.end()) {
-        overprintStates.push_back(wanted);
-        found = overprintStates.end() - 1;
-    }
+    areKnown = true;
     out.append("/gs");
-    out.append(std::to_string(found - overprintStates.begin()));
+    out.append(std::to_string(states.Add(wanted)));
     out.append(" gs\n");
     current = wanted;
 }

@@ -6,30 +6,11 @@
 #include <orv_doc/stroke_properties.h>
 
 #include "pdf/writer/content_text.h"
+#include "pdf/writer/ext_g_state.h"
 #include "pdf/writer/paint_color.h"
 
 namespace OrvPdf
 {
-
-/// Parameters of overprint in an `ExtGState` resource (ISO 32000-1, 8.6.7).
-struct OverprintState
-{
-    bool stroke = false;
-    bool fill = false;
-    bool nonzero = false;
-};
-
-inline bool operator==(const OverprintState& left, const OverprintState& right)
-{
-    return left.stroke == right.stroke && left.fill == right.fill && left.nonzero == right.nonzero;
-}
-
-/// What the graphics state is when a content begins.
-enum class ContentStart
-{
-    Page,  ///< The initial one (ISO 32000-1, tables 52 and 53).
-    Nested ///< In a form or a pattern: what is in force where it is used. Nothing of it may be relied on.
-};
 
 /// Writes changes of the graphics state (ISO 32000-1, 8.4), and knows at each level of `q` what a reader has,
 /// so that only what differs is written.
@@ -56,12 +37,14 @@ public:
     void SetFillColor(const PaintColor& color);
     void SetStrokeColor(const PaintColor& color);
     void SetStrokeProperties(const OrvDoc::StrokeProperties& properties);
-    /// What is asked for by no paint stays as it is. Both may be null; of two that depend on the mode both
-    /// have the same one.
-    void SetOverprint(const PaintSettings* fill, const PaintSettings* stroke);
+    /// The overprint that is asked for by no paint stays as it is. Both may be null; of two that depend on
+    /// the mode both have the same one. `halftones` is null where they may stay as they are.
+    void SetParameters(const PaintSettings* fill, const PaintSettings* stroke,
+                       const OrvBlend::Transparency& blending,
+                       const std::shared_ptr<OrvDoc::HalftoneSet>* halftones);
 
     /// The states of the resources.
-    const std::vector<OverprintState>& GetOverprintStates() const { return overprintStates; }
+    const std::vector<ExtGState>& GetExtGStates() const { return states.GetAll(); }
 
 private:
     struct Level
@@ -72,8 +55,8 @@ private:
         /// Null if they are not known. Otherwise their owner lives as long as the content that is being
         /// written.
         const OrvDoc::StrokeProperties* properties;
-        OverprintState overprint;
-        bool isOverprintKnown = true;
+        ExtGState parameters;
+        bool areParametersKnown = true;
     };
 
     void SetColor(PaintColor& current, const PaintColor& color, bool isStroke);
@@ -81,7 +64,7 @@ private:
 
     std::string& out;
     std::vector<Level> levels;
-    std::vector<OverprintState> overprintStates;
+    ExtGStateIndex states;
 };
 
 /// Whether all numbers of the stroke properties are finite.

@@ -20,16 +20,6 @@ void ReplaceCategory(QPDFObjectHandle resources, const char* category, QPDFObjec
     }
 }
 
-QPDFObjectHandle MakeGraphicsState(const OverprintState& state)
-{
-    QPDFObjectHandle dictionary = QPDFObjectHandle::newDictionary();
-    dictionary.replaceKey("/Type", QPDFObjectHandle::newName("/ExtGState"));
-    dictionary.replaceKey("/OP", QPDFObjectHandle::newBool(state.stroke));
-    dictionary.replaceKey("/op", QPDFObjectHandle::newBool(state.fill));
-    dictionary.replaceKey("/OPM", QPDFObjectHandle::newInteger(state.nonzero ? 1 : 0));
-    return dictionary;
-}
-
 } // namespace
 
 QPDFObjectHandle ResourcesWriter::MakePropertyLists(const WrittenContent& content)
@@ -74,11 +64,8 @@ QPDFObjectHandle ResourcesWriter::Make(const WrittenContent& content, QPDFObject
     QPDFObjectHandle resources =
         before.isDictionary() ? before.shallowCopy() : QPDFObjectHandle::newDictionary();
     ReplaceCategory(resources, "/ColorSpace", MakeColorSpaces(content));
-    QPDFObjectHandle states = QPDFObjectHandle::newDictionary();
-    for (std::size_t index = 0; index < content.graphicsStates.size(); ++index) {
-        states.replaceKey("/gs" + std::to_string(index), MakeGraphicsState(content.graphicsStates[index]));
-    }
-    ReplaceCategory(resources, "/ExtGState", states);
+    ReplaceCategory(resources, "/ExtGState",
+                    MakeExtGStates(content.graphicsStates, content.transferFunctions, content.start, maker));
     ReplaceCategory(resources, "/Properties", MakePropertyLists(content));
     QPDFObjectHandle forms = QPDFObjectHandle::newDictionary();
     for (std::size_t index = 0; index < content.forms.size(); ++index) {

@@ -134,18 +134,9 @@ TEST(InterpreterState, NeutralParametersAreNoProblem)
 
 TEST(InterpreterState, ParametersWithoutAPlaceInTheModelAreTold)
 {
-    EXPECT_EQ(LineUnder({{"ca", PdfObject::Real("0.5")}, {"SMask", PdfObject::Name("Unresolved")}}),
-              stroked + " | operator gs: parameter SMask is not modelled, byte 0"
-                        " | operator gs: parameter ca is not modelled, byte 0");
-}
-
-TEST(InterpreterState, ABlendModeIsNeutralIfItsFirstChoiceIs)
-{
-    EXPECT_TRUE(
-        IsNeutralParameter("BM", PdfObject::Array({PdfObject::Name("Normal"), PdfObject::Name("Screen")})));
-    EXPECT_FALSE(
-        IsNeutralParameter("BM", PdfObject::Array({PdfObject::Name("Screen"), PdfObject::Name("Normal")})));
-    EXPECT_FALSE(IsNeutralParameter("BM", PdfObject::Array({})));
+    EXPECT_EQ(LineUnder({{"BG2", PdfObject::Name("Unresolved")}, {"SMask", PdfObject::Name("Unresolved")}}),
+              stroked + " | operator gs: parameter BG2 is not modelled, byte 0"
+                        " | operator gs: parameter SMask is not modelled, byte 0");
 }
 
 TEST(InterpreterState, AnUnknownParameterIsNotNeutral)

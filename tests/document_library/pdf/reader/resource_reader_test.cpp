@@ -182,6 +182,18 @@ TEST(ResourceReader, ResolvesAGraphicsState)
               PdfObject::Dictionary({{"LW", PdfObject::Real("2.5")}, {"BM", PdfObject::Name("Multiply")}}));
 }
 
+TEST(ResourceReader, ResolvesStreamsOfAGraphicsState)
+{
+    Resources resources("/ExtGState << /GS1 << /TR [6 0 R /Identity] /HT 6 0 R >> >>",
+                        {PdfStream("7B7D>", "/Filter /ASCIIHexDecode /FunctionType 4")});
+    const PdfObject stream =
+        PdfObject::Stream(PdfObject::Dictionary({{"FunctionType", PdfObject::Integer(4)}}), "{}");
+    EXPECT_EQ(resources.State("GS1"),
+              PdfObject::Dictionary(
+                  {{"TR", PdfObject::Array({stream, PdfObject::Name("Identity")})}, {"HT", stream}}));
+    EXPECT_EQ(resources.problem, "");
+}
+
 TEST(ResourceReader, MarksWhatCannotStandInAGraphicsState)
 {
     Resources resources("/ExtGState << /GS1 << /SMask << /G 6 0 R >> /Font [6 0 R 1] /HT 7 0 R /SM 0.1 >>"

@@ -32,6 +32,15 @@ const ColorSpace& SpaceOf(const WrittenContent& content)
     return *content.colorSpaces.at(0);
 }
 
+ExtGState Overprint(bool stroke, bool fill, bool nonzero)
+{
+    ExtGState state;
+    state.stroke = stroke;
+    state.fill = fill;
+    state.nonzero = nonzero;
+    return state;
+}
+
 TEST(ContentWriterPaints, SaysDeviceColorsByTheirOperators)
 {
     EXPECT_EQ(Said(FillWith(Native(ColorSpace::DeviceGray(), {0.5f}))), "0.5 g\n");
@@ -141,15 +150,15 @@ TEST(ContentWriterPaints, SaysOverprintOfEachSideByItself)
     EXPECT_EQ(written.bytes, std::string("/cs0 cs\n1 scn\n/gs0 gs\n") + line +
                                  "f\n/cs0 CS\n1 SCN\n/gs1 gs\n" + line + "S\n/gs2 gs\n" + line + "f\n");
     EXPECT_THAT(written.graphicsStates,
-                ElementsAre(OverprintState{false, true, false}, OverprintState{true, true, false},
-                            OverprintState{true, false, false}));
+                ElementsAre(Overprint(false, true, false), Overprint(true, true, false),
+                            Overprint(true, false, false)));
 }
 
 TEST(ContentWriterPaints, SaysTheOverprintModeWithOverprint)
 {
     const WrittenContent written =
         FillWith(Native(ColorSpace::DeviceCMYK(), {0.0f, 0.0f, 0.0f, 1.0f}, true, true));
-    EXPECT_THAT(written.graphicsStates, ElementsAre(OverprintState{false, true, true}));
+    EXPECT_THAT(written.graphicsStates, ElementsAre(Overprint(false, true, true)));
 }
 
 TEST(ContentWriterPaints, LeavesTheOverprintModeAloneWithoutOverprint)
@@ -167,7 +176,7 @@ TEST(ContentWriterPaints, SaysTwoOverprintModesOfOnePathByTwoSpaces)
     const WrittenContent written = WriteObjects(std::move(path));
     EXPECT_EQ(Said(written), "/cs0 cs\n0 0.5 0 1 scn\n0 0.25 0 1 K\n/gs0 gs\n");
     EXPECT_THAT(SpaceOf(written).GetColorantNames(), ElementsAre("Cyan", "Magenta", "Yellow", "Black"));
-    EXPECT_THAT(written.graphicsStates, ElementsAre(OverprintState{true, true, true}));
+    EXPECT_THAT(written.graphicsStates, ElementsAre(Overprint(true, true, true)));
 }
 
 } // namespace

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <memory>
+#include <random>
+
+#include <boost/optional.hpp>
+
+#include <orv_doc/path.h>
+#include <orv_doc/transfer_function_set.h>
+
+/// Random values of what a content or an object has of the graphics state beside its colours.
+namespace HarrowSupport::Testing
+{
+
+/// Those of a content; nothing for most.
+boost::optional<OrvDoc::TransferFunctionSet> RandomTransferFunctions(std::mt19937& random);
+/// Gives some paths a transparency.
+void SetRandomBlending(OrvDoc::Path& path, std::mt19937& random);
+/// Gives some paths halftones.
+void SetRandomHalftones(OrvDoc::Path& path, std::mt19937& random);
+
+} // namespace HarrowSupport::Testing
