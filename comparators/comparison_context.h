@@ -1,5 +1,6 @@
 #pragma once
 
+#include "counting_reporter.h"
 #include "equal_paint_memo.h"
 #include "meeting_index.h"
 #include "object_classes.h"
@@ -9,9 +10,15 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
+
+namespace OrvBlend
+{
+class SoftMask;
+}
 
 namespace OrvImg
 {
@@ -40,7 +47,8 @@ struct ComparisonContext
     ComparisonContext(const ComparisonContext&) = delete;
     ComparisonContext& operator=(const ComparisonContext&) = delete;
 
-    Reporter& reporter;
+    /// Leads to the receiver that was given to Compare.
+    CountingReporter reporter;
     const Options options;
 
     /// Result of each pair of pictures compared so far, left pointer first.
@@ -66,6 +74,10 @@ struct ComparisonContext
     ObjectClasses objectClasses;
     /// Flat paints found alike. It only saves comparisons whose outcome is known.
     EqualPaintMemo equalFlatPaints;
+    /// Pairs of soft masks that were compared without a word, or are being compared. It only saves
+    /// comparisons whose outcome is known, and ends the walk of a mask that holds itself.
+    std::set<std::pair<std::shared_ptr<const OrvBlend::SoftMask>, std::shared_ptr<const OrvBlend::SoftMask>>>
+        settledSoftMasks;
     /// Where the lists of visited paints and contents have what. They only save scans.
     MeetingIndex<const void*> patternIndex;
     MeetingIndex<std::uint64_t> patternContentIndex;

@@ -17,6 +17,8 @@
 #include <orv_doc/transformable.h>
 #include <plexa/geometry.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 
 namespace HarrowSupport::Comparators
@@ -26,6 +28,7 @@ namespace
 {
 
 using ObjectScope = DifferenceScope<OrvDoc::ContentObject>;
+using SoftMaskPointer = std::shared_ptr<const OrvBlend::SoftMask>;
 using MilliPoints = Plexa::MilliPointCoordinateSystem;
 
 /// How far two positions may be apart, in milli-points.
@@ -49,6 +52,24 @@ const OrvBlend::Transparency* EffectiveTransparency(const OrvDoc::ContentObject&
     return OrvBlend::Transparency::Factory::GetDefault().get();
 }
 
+/// A pair that was compared without a word is silent each time, since all that its drawings refer to is known
+/// by then: many objects in one soft mask walk its drawing once. With dumps a walk may be seen even if it is
+/// silent.
+void CompareSoftMasks(ComparisonContext& context, const SoftMaskPointer& left, const SoftMaskPointer& right,
+                      ObjectScope& scope)
+{
+    const auto [settled, isNew] = context.settledSoftMasks.emplace(left, right);
+    if (!isNew)
+        return;
+    const std::uint64_t reportsBefore = context.reporter.GetCount();
+    const std::size_t differencesBefore = scope.differences.size();
+    CompareSoftMask(context, *left, *right, scope);
+    const bool silent = context.reporter.GetCount() == reportsBefore &&
+                        scope.differences.size() == differencesBefore && context.options.dumpLevel == 0;
+    if (!silent)
+        context.settledSoftMasks.erase(settled);
+}
+
 void CompareTransparencies(ComparisonContext& context, const OrvBlend::Transparency& left,
                            const OrvBlend::Transparency& right, ObjectScope& scope)
 {
@@ -68,7 +89,7 @@ void CompareTransparencies(ComparisonContext& context, const OrvBlend::Transpare
     const bool leftMasked = left.softMask != nullptr;
     const bool rightMasked = right.softMask != nullptr;
     if (leftMasked && rightMasked)
-        CompareSoftMask(context, *left.softMask, *right.softMask, scope);
+        CompareSoftMasks(context, left.softMask, right.softMask, scope);
     else if (leftMasked != rightMasked)
         scope.AddValues("ObjectHasSoftMask", leftMasked, rightMasked);
 }

@@ -200,6 +200,56 @@ TEST_F(SoftMasks, AreComparedForEachObjectThatUsesThem)
                   {Difference("ObjectName", "a", "b"), Difference("ObjectName", "a", "b")});
 }
 
+TEST_F(SoftMasks, WithADifferenceOfTheirOwnAreToldForEachObject)
+{
+    const auto other = NewDocument();
+    const MaskPointer left = Mask().SetAlpha(true).Get();
+    const MaskPointer right = AMask(*other).Get();
+    Fill(ContentOf(*document), Masked(left), Masked(left));
+    Fill(ContentOf(*other), Masked(right), Masked(right));
+    ExpectReports(*document, *other,
+                  {Difference("SoftMaskAlpha", "1", "0"), Difference("SoftMaskAlpha", "1", "0")});
+}
+
+TEST_F(SoftMasks, WithAFormThatIsSharedInAnotherWayAreToldForEachObject)
+{
+    const auto other = NewDocument();
+    const PaintPointer shared = AForm(*document).Get();
+    const MaskPointer left = MaskOf(*document, Filled(shared)).Get();
+    const MaskPointer right = MaskOf(*other, Filled(AForm(*other).Get())).Get();
+    Fill(ContentOf(*document), Filled(shared), Masked(left), Masked(left));
+    Fill(ContentOf(*other), Filled(AForm(*other).Get()), Masked(right), Masked(right));
+    ExpectReports(*document, *other, {Difference("FormReuse", "1", "0"), Difference("FormReuse", "1", "0")});
+}
+
+TEST_F(SoftMasks, AreToldApartByBothSides)
+{
+    const auto other = NewDocument();
+    const MaskPointer left = Mask("a").Get();
+    const MaskPointer right = AMask(*other, "a").Get();
+    Fill(ContentOf(*document), Masked(left), Masked(left), Masked(Mask("b").Get()));
+    Fill(ContentOf(*other), Masked(right), Masked(AMask(*other, "b").Get()), Masked(right));
+    ExpectReports(*document, *other,
+                  {Difference("ObjectName", "a", "b"), Difference("ObjectName", "b", "a")});
+}
+
+TEST_F(SoftMasks, OneThatHoldsItselfEnds)
+{
+    const auto endless = [](OrvDoc::Document& owner, const std::string& name) {
+        const MaskPointer mask = AMask(owner, name).Get();
+        OrvDoc::Path& user = Place(mask->GetContent(), Masked(mask));
+        Fill(ContentOf(owner), Masked(mask));
+        return &user;
+    };
+    const auto other = NewDocument();
+    OrvDoc::Path* const leftUser = endless(*document, "a");
+    OrvDoc::Path* const rightUser = endless(*other, "b");
+    ExpectReports(*document, *other, {Difference("ObjectName", "a", "b")});
+    // The circle of owners has to be opened, or nothing frees it.
+    leftUser->SetTransparency(nullptr);
+    rightUser->SetTransparency(nullptr);
+}
+
 TEST(SoftMaskTransformations, MayDifferByTheirShareOfTheDeterminant)
 {
     ExpectSame(Matrix(), Matrix(1.0, 1e-16, 0.0, 1.0, 0.0, 0.0), true);

@@ -180,6 +180,20 @@ TEST(Work, ACellOfManyPatternsIsWalkedOnce)
     EXPECT_EQ(WorkOf(*PatternsOfOneCell(100), *PatternsOfOneCell(100)).pairsCompared, 100u + 30u);
 }
 
+TEST(Work, ASharedSoftMaskIsWalkedOnce)
+{
+    const auto masked = [] {
+        auto document = NewDocument();
+        const MaskPointer mask =
+            OrvBlend::SoftMask::Factory(DrawingOfSquares(*document, OrvDoc::Content::Type::SoftMaskContent))
+                .Get();
+        for (int i = 0; i < 100; ++i)
+            Fill(ContentOf(*document), Masked(mask));
+        return document;
+    };
+    EXPECT_EQ(WorkOf(*masked(), *masked()).pairsCompared, 100u + 30u);
+}
+
 TEST(Work, FormsThatAreSharedInAnotherWayAreWalkedForEachNewPartner)
 {
     const auto left = UsersOf(AFormOfSquares, 3);
