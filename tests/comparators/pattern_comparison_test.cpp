@@ -231,6 +231,16 @@ TEST_F(Patterns, OfTwoMeetingsTheOlderOneDecidesOnWhicheverSideItIs)
     Expect({metWithAnotherRight, metWithAnotherLeft});
 }
 
+TEST_F(Patterns, AMeetingThatWasToldBindsItsNewPartner)
+{
+    const PaintPointer a = Left().Get();
+    const PaintPointer y = Right().Get();
+    Use(a, Right().Get());
+    Use(a, y);            // told, and y is known to belong to a
+    Use(Left().Get(), y); // so this one is told as well
+    Expect({metWithAnotherRight, metWithAnotherLeft});
+}
+
 TEST_F(Patterns, EachNewPartnerJoinsTheList)
 {
     RecordingReporter reporter;
