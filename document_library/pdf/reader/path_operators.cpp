@@ -230,11 +230,12 @@ void Interpreter::PlacePath(std::shared_ptr<const Plexa::Compound> compound, boo
         object->SetStrokePaint(GetPaint(state.stroke));
         object->SetSharedStrokeProperties(state.strokeProperties);
     }
-    if (fill || stroke) {
+    const bool isPainted = fill || stroke;
+    if (isPainted) {
         MarkUsed(Inherited::painting);
         NotePainting();
     }
-    if (fill || stroke || attributes.halftones) {
+    if (isPainted || attributes.halftones) {
         object->SetHalftoneSet(state.halftones);
     }
     SetBlending(*object, attributes);

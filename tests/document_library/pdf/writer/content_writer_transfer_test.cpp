@@ -51,7 +51,7 @@ WrittenContent WriteWith(const TransferFunctionSet& functions)
     const auto document = DocumentWith(functions);
     Fill(ContentOf(*document), FilledLine(Native(OrvColor::ColorSpace::DeviceGray(), {0.5F})));
     SeparationSpaces separations(document->GetSeparationInfo());
-    return WriteContent(ContentOf(*document), separations);
+    return WriteContent(ContentOf(*document), separations, ContentStart::Page);
 }
 
 boost::optional<TransferFunctionSet> ReadBack(const TransferFunctionSet& functions)

@@ -25,7 +25,8 @@ inline std::string StatesOf(const WrittenContent& content)
     QPDF file;
     file.emptyPDF();
     ObjectMaker maker(file, false);
-    return MakeExtGStates(content.graphicsStates, content.transferFunctions, maker).unparseResolved();
+    return MakeExtGStates(content.graphicsStates, content.transferFunctions, content.start, maker)
+        .unparseResolved();
 }
 
 /// The document as it comes back from a file. Errors fail the test.
