@@ -64,7 +64,8 @@ public:
     Properties& GetProperties() { return *properties; }
     /// What the reader could not model or the writer cannot say, as far as it is in force now.
     Errors& GetActiveErrors();
-    /// The file that the document was read from; empty for a document that a program made.
+    /// The file that the document was read from, as an absolute path; empty for a document that a program
+    /// made.
     const boost::filesystem::path& GetFilePath() const { return filePath; }
 
     std::uint64_t GetNumberOfPages() const;

@@ -7,6 +7,8 @@
 #include <string>
 #include <utility>
 
+#include <boost/filesystem/operations.hpp>
+
 #include <orv_doc/errors.h>
 #include <orv_doc/properties.h>
 #include <orv_doc/resource_manager.h>
@@ -70,7 +72,7 @@ std::unique_ptr<Document> Document::Create(const boost::filesystem::path& file, 
 {
     std::shared_ptr<const Detail::DocumentSource> source = OrvPdf::OpenFile(file, options);
     std::unique_ptr<Document> document = CreateNew();
-    document->filePath = file;
+    document->filePath = boost::filesystem::absolute(file);
     document->source = std::move(source);
     document->source->ReadStructure(*document);
     return document;

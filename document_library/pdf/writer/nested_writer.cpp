@@ -87,6 +87,8 @@ QPDFObjectHandle NestedWriter::GetForm(const FormReference& reference)
     QPDFObjectHandle form = FindKept(reference, isWritten);
     if (!form.isStream())
         form = MakeForm(reference);
+    else if (folder != document.GetFilePath().parent_path())
+        SetReference(form.getDict(), *reference.paint);
     forms.emplace(key, form);
     references.push_back(reference);
     if (!isWritten)
@@ -134,17 +136,24 @@ void NestedWriter::SetProperties(QPDFObjectHandle dictionary, const FormPaint& p
     }
     if (paint.GetUniqueID())
         dictionary.replaceKey("/GTS_XID", QPDFObjectHandle::newString(*paint.GetUniqueID()));
-    if (const auto& reference = paint.GetExternalReference()) {
-        boost::filesystem::path file = reference->first;
-        if (!folder.empty() && file.is_absolute()) {
-            const boost::filesystem::path relative = file.lexically_relative(folder);
-            file = relative.empty() ? file : relative;
-        }
-        QPDFObjectHandle entry = QPDFObjectHandle::newDictionary();
-        entry.replaceKey("/F", ObjectMaker::MakeText(file.generic_string()));
-        entry.replaceKey("/Page", QPDFObjectHandle::newInteger(static_cast<long long>(reference->second)));
-        dictionary.replaceKey("/Ref", entry);
+    SetReference(dictionary, paint);
+}
+
+void NestedWriter::SetReference(QPDFObjectHandle dictionary, const FormPaint& paint)
+{
+    const auto& reference = paint.GetExternalReference();
+    if (!reference)
+        return;
+    boost::filesystem::path file = reference->first;
+    if (!folder.empty() && file.is_absolute()) {
+        const boost::filesystem::path relative = file.lexically_relative(folder);
+        file = relative.empty() ? file : relative;
     }
+    QPDFObjectHandle entry = dictionary.getKey("/Ref");
+    entry = entry.isDictionary() ? entry.shallowCopy() : QPDFObjectHandle::newDictionary();
+    entry.replaceKey("/F", ObjectMaker::MakeText(file.generic_string()));
+    entry.replaceKey("/Page", QPDFObjectHandle::newInteger(static_cast<long long>(reference->second)));
+    dictionary.replaceKey("/Ref", entry);
 }
 
 void NestedWriter::SetGroup(QPDFObjectHandle dictionary, const FormReference& reference)

@@ -65,6 +65,8 @@ private:
     QPDFObjectHandle MakeForm(const FormReference& reference);
     void SetBox(QPDFObjectHandle dictionary, const FormReference& reference);
     void SetProperties(QPDFObjectHandle dictionary, const OrvPaint::FormPaint& paint);
+    /// The page of another file, as seen from where this one will stand.
+    void SetReference(QPDFObjectHandle dictionary, const OrvPaint::FormPaint& paint);
     void SetGroup(QPDFObjectHandle dictionary, const FormReference& reference);
     void Write(Task& task, ResourcesWriter& resources, std::vector<std::string>& texts,
                const std::string& place);
