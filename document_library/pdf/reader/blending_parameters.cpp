@@ -1,3 +1,6 @@
+#include <utility>
+
+#include <orv_blend/soft_mask.h>
 #include <orv_doc/blendable.h>
 
 #include "pdf/number_text.h"
@@ -72,6 +75,40 @@ bool Interpreter::ApplyBlendMode(const PdfObject& value, const Arguments& argume
     state.blending.value.blendMode = mode.value_or(BlendMode::Normal);
     state.blending.transparency = nullptr;
     return true;
+}
+
+bool Interpreter::ApplySoftMask(const PdfObject& value, const Arguments& arguments)
+{
+    if (value.IsName("None")) {
+        SetSoftMask(nullptr);
+        return true;
+    }
+    if (!value.IsName(unresolvedValue)) {
+        return false;
+    }
+    const std::string_view name = arguments[0].Text();
+    const auto& found = masks.Get(name, [this](const std::string& key, std::string& problem) {
+        return resources.FindMask(key, problem);
+    });
+    std::string problem = found.problem;
+    std::shared_ptr<const MaskUse> use;
+    if (found.value) {
+        use = found.value->Use(Plexa::Concatenate(state.matrix, GetBaseMatrix()), problem);
+    }
+    if (use) {
+        NoteReading(use->reading);
+        SetSoftMask(use->mask);
+    } else {
+        problems.Unmodelled("gs", "the soft mask of /" + Readable(name) + " is left out: " + problem, {},
+                            arguments.Place());
+    }
+    return true;
+}
+
+void Interpreter::SetSoftMask(std::shared_ptr<const OrvBlend::SoftMask> mask)
+{
+    state.blending.value.softMask = std::move(mask);
+    state.blending.transparency = nullptr;
 }
 
 void Interpreter::SetBlending(OrvDoc::Blendable& object, const ObjectAttributes& attributes)

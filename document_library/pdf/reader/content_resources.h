@@ -14,6 +14,9 @@
 namespace OrvPdf
 {
 
+/// Stands for a value that no `PdfObject` can hold.
+inline constexpr const char* unresolvedValue = "Unresolved";
+
 /// What the interpreter of a content stream asks of the resource dictionary (ISO 32000-1, 7.8.3). Named
 /// resources are looked up when an operator first needs them, once a name.
 ///
@@ -30,7 +33,7 @@ public:
     virtual OrvColor::ColorSpace::Pointer FindColorSpace(const std::string& name, std::string& problem) = 0;
 
     /// A graphics state parameter dictionary (8.4.5), references resolved. Keys whose value can't stand in a
-    /// `PdfObject` (a soft mask's form, a font) have the name `Unresolved` as their value.
+    /// `PdfObject` (a soft mask, a font) have the name `unresolvedValue` as their value.
     virtual OrvSys::PdfObject FindGraphicsState(const std::string& name, std::string& problem) = 0;
 
     /// A property list of marked content.
@@ -61,6 +64,9 @@ public:
     };
 
     virtual XObject FindXObject(const std::string& name, std::string& problem) = 0;
+
+    /// The soft mask of a graphics state parameter dictionary; null if it has none.
+    virtual std::shared_ptr<MaskDefinition> FindMask(const std::string& state, std::string& problem) = 0;
 };
 
 } // namespace OrvPdf

@@ -69,6 +69,18 @@ std::shared_ptr<PdfForm> DocumentResources::GetForm(QPDFObjectHandle stream, QPD
     return form;
 }
 
+std::shared_ptr<PdfMask> DocumentResources::GetMask(QPDFObjectHandle dictionary, QPDFObjectHandle around)
+{
+    if (!dictionary.isIndirect()) {
+        return std::make_shared<PdfMask>(*this, dictionary, around);
+    }
+    std::shared_ptr<PdfMask>& mask = masks[dictionary.getObjGen()];
+    if (!mask) {
+        mask = std::make_shared<PdfMask>(*this, dictionary, around);
+    }
+    return mask;
+}
+
 void DocumentResources::AddLayer(int objectNumber, std::shared_ptr<OrvDoc::LayerProperties> layer)
 {
     layers.emplace(objectNumber, std::move(layer));

@@ -13,6 +13,7 @@
 #include <orv_color/color_space.h>
 
 #include "pdf/reader/form_reader.h"
+#include "pdf/reader/mask_reader.h"
 #include "pdf/reader/object_conversion.h"
 #include "pdf/reader/source_file.h"
 
@@ -46,6 +47,8 @@ public:
     /// The form XObject in a stream; the same one for one object. `around` are the resources of the content
     /// that names it.
     std::shared_ptr<PdfForm> GetForm(QPDFObjectHandle stream, QPDFObjectHandle around);
+    /// The soft mask of a dictionary with a form; the same one for one object.
+    std::shared_ptr<PdfMask> GetMask(QPDFObjectHandle dictionary, QPDFObjectHandle around);
     NestedContentLock& GetNestedContents() { return nestedContents; }
 
     void AddLayer(int objectNumber, std::shared_ptr<OrvDoc::LayerProperties> layer);
@@ -68,6 +71,7 @@ private:
     std::map<int, std::shared_ptr<OrvDoc::LayerProperties>> layers;
     OrvDoc::Document* document = nullptr;
     std::map<QPDFObjGen, std::shared_ptr<PdfForm>> forms;
+    std::map<QPDFObjGen, std::shared_ptr<PdfMask>> masks;
     NestedContentLock nestedContents;
 };
 

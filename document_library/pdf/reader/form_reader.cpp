@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include <orv_blend/soft_mask.h>
 #include <orv_blend/transparency.h>
 #include <orv_doc/document.h>
 #include <orv_doc/group.h>
@@ -42,14 +43,46 @@ PdfForm::PdfForm(DocumentResources& givenDocument, QPDFObjectHandle givenStream,
     isWrittenGroup = isGroup && IsTrue(GetEntry(givenStream, Tags::groupFormKey));
 }
 
-std::shared_ptr<const FormUse> PdfForm::Use(const GraphicsState& state, std::string& problem)
+// A mask from around stands where it is; what moves is the form that sees it.
+GraphicsState PdfForm::Begin(const GraphicsState& state, const Matrix& matrix)
+{
+    GraphicsState initial = BeginForm(state, isGroup);
+    const std::shared_ptr<const OrvBlend::SoftMask> mask = initial.blending.value.softMask;
+    if (!mask) {
+        return initial;
+    }
+    for (const auto& [known, knownMatrix, seen] : masks) {
+        if (known == mask && knownMatrix == matrix) {
+            initial.blending.value.softMask = seen;
+            return initial;
+        }
+    }
+    std::vector<std::string> problems;
+    Matrix placement;
+    {
+        const SourceFile::Access access(document.GetFile());
+        placement = Plexa::Concatenate(
+            ReadMatrix(GetEntry(stream.GetStream(), "/Matrix"), "Matrix", problems), matrix);
+    }
+    const auto inverse = Plexa::Inverse(placement);
+    // A form without extent shows nothing.
+    const Matrix transformation =
+        inverse ? Plexa::Concatenate(mask->GetTransformation(), *inverse) : mask->GetTransformation();
+    initial.blending.value.softMask =
+        OrvBlend::SoftMask::Factory(*mask).SetTransformation(transformation).Get();
+    masks.emplace_back(mask, matrix, initial.blending.value.softMask);
+    return initial;
+}
+
+std::shared_ptr<const FormUse> PdfForm::Use(const GraphicsState& state, const Matrix& matrix,
+                                            std::string& problem)
 {
     const std::lock_guard<std::recursive_mutex> lock(document.GetNestedContents().mutex);
     if (same) {
-        return UseSame(state, problem);
+        return UseSame(state, matrix, problem);
     }
     Variant variant;
-    variant.state = BeginForm(state, isGroup);
+    variant.state = Begin(state, matrix);
     for (const Variant& candidate : variants) {
         if (Agree(candidate.state, variant.state, candidate.use->usedParameters)) {
             return candidate.use;
@@ -68,9 +101,10 @@ std::shared_ptr<const FormUse> PdfForm::Use(const GraphicsState& state, std::str
     return variants.back().use;
 }
 
-std::shared_ptr<const FormUse> PdfForm::UseSame(const GraphicsState& state, std::string& problem)
+std::shared_ptr<const FormUse> PdfForm::UseSame(const GraphicsState& state, const Matrix& matrix,
+                                                std::string& problem)
 {
-    const std::shared_ptr<const FormUse> original = same->Use(state, problem);
+    const std::shared_ptr<const FormUse> original = same->Use(state, matrix, problem);
     if (!original) {
         return nullptr;
     }

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "pdf/reader/nested_stream.h"
@@ -18,7 +19,8 @@ public:
     PdfForm(DocumentResources& givenDocument, QPDFObjectHandle givenStream, QPDFObjectHandle around,
             std::shared_ptr<PdfForm> givenSame);
 
-    std::shared_ptr<const FormUse> Use(const GraphicsState& state, std::string& problem) override;
+    std::shared_ptr<const FormUse> Use(const GraphicsState& state, const Matrix& matrix,
+                                       std::string& problem) override;
     std::unique_ptr<OrvDoc::Group> TakeGroup(const GraphicsState& state,
                                              std::shared_ptr<const NestedReading>& told) override;
     std::shared_ptr<const OrvDoc::Layer::Membership> GetLayer() const override { return layer; }
@@ -31,7 +33,9 @@ private:
         std::shared_ptr<const FormUse> use;
     };
 
-    std::shared_ptr<const FormUse> UseSame(const GraphicsState& state, std::string& problem);
+    std::shared_ptr<const FormUse> UseSame(const GraphicsState& state, const Matrix& matrix,
+                                           std::string& problem);
+    GraphicsState Begin(const GraphicsState& state, const Matrix& matrix);
     std::shared_ptr<const FormUse> MakeUse(NestedStream::Reading& reading, const GraphicsState& state);
     std::shared_ptr<const OrvPaint::FormPaint> MakePaint(NestedStream::Reading& reading);
 
@@ -43,6 +47,10 @@ private:
     bool isKnockout = false;
     bool isWrittenGroup = false;
     std::vector<Variant> variants;
+    /// Masks from around as the form sees them, by the mask and the matrix of the form.
+    std::vector<std::tuple<std::shared_ptr<const OrvBlend::SoftMask>, Matrix,
+                           std::shared_ptr<const OrvBlend::SoftMask>>>
+        masks;
     /// The form whose content this one has too; null for its own.
     std::shared_ptr<PdfForm> same;
 };

@@ -209,6 +209,8 @@ private:
     void BeginClip(std::shared_ptr<const Plexa::Compound> compound, const std::string& name, ByteRange place);
 
     // state_operators.cpp
+    /// From the coordinates of the innermost group with a transformation of its own to those of the content.
+    Matrix GetBaseMatrix() const;
     void LeaveScopes(const SavedState& saved);
     bool EnterGroupMatrix(const Matrix& matrix, ByteRange place);
     bool LeaveClipMatrix();
@@ -230,6 +232,8 @@ private:
                              const Arguments& arguments);
     bool ApplyBlendMode(const OrvSys::PdfObject& value, const Arguments& arguments);
     /// Gives an object that is no group the transparency of the state.
+    bool ApplySoftMask(const OrvSys::PdfObject& value, const Arguments& arguments);
+    void SetSoftMask(std::shared_ptr<const OrvBlend::SoftMask> mask);
     void SetBlending(OrvDoc::Blendable& object, const ObjectAttributes& attributes);
 
     // halftone_parameters.cpp
@@ -284,6 +288,7 @@ private:
     ResourceCache<OrvSys::PdfObject> parameterLists;
     ResourceCache<PropertyList> propertyLists;
     ResourceCache<ContentResources::XObject> xObjects;
+    ResourceCache<std::shared_ptr<MaskDefinition>> masks;
     std::vector<std::shared_ptr<const NestedReading>> nested;
     std::unordered_set<const NestedReading*> knownNested;
 

@@ -67,7 +67,9 @@ public:
     /// The form under that state; the same one for all states that agree in what its content depends on.
     /// Null, with the reason in `problem`, if it can't be painted: it is inside of itself, or too deep inside
     /// of others.
-    virtual std::shared_ptr<const FormUse> Use(const GraphicsState& state, std::string& problem) = 0;
+    /// `matrix` leads from where the form is painted to the coordinates of the content there.
+    virtual std::shared_ptr<const FormUse> Use(const GraphicsState& state, const Matrix& matrix,
+                                               std::string& problem) = 0;
 
     /// The group that the writer wrote as a form for its transparency; null for other forms, and when it was
     /// taken before. To be asked first.

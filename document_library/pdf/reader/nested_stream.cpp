@@ -74,7 +74,9 @@ NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const Graph
     EncodedStream encoded;
     {
         const SourceFile::Access access(file);
-        ReadGroupSpace(GetEntry(stream, "/Group"), document, *reading.content, reading.errors);
+        if (!IsTrue(GetEntry(stream, Tags::noBlendSpaceKey))) {
+            ReadGroupSpace(GetEntry(stream, "/Group"), document, *reading.content, reading.errors);
+        }
         ReadBlendSpace(GetEntry(stream, Tags::blendSpaceKey), document, *reading.content, reading.errors);
         encoded = FetchStream(stream);
     }

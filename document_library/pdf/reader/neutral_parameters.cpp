@@ -10,9 +10,6 @@ bool IsNeutralParameter(const std::string& key, const PdfObject& value)
     if (key == "Type") {
         return true;
     }
-    if (key == "SMask") {
-        return value.IsName("None");
-    }
     if (key == "SA") {
         return value.IsBoolean() && !value.GetBoolean();
     }

@@ -112,6 +112,8 @@ void Interpreter::ApplyParameter(const std::string& key, const PdfObject& value,
         isWell = ApplyDashParameter(value, arguments);
     } else if (key == "OP" || key == "op" || key == "OPM") {
         isWell = ApplyOverprintParameter(key, value);
+    } else if (key == "SMask") {
+        isWell = ApplySoftMask(value, arguments);
     } else if (key == "BM" || key == "CA" || key == "ca" || key == "AIS") {
         isWell = ApplyBlendParameter(key, value, arguments);
     } else if (!IsPartOfOthers(key) && !IsNeutralParameter(key, value)) {

@@ -122,7 +122,7 @@ OrvSys::PdfObject ResourceReader::ConvertState(QPDFObjectHandle dictionary)
         else
             converted = document.GetConverter().Convert(value, problem);
         entries.emplace(WithoutSlash(key),
-                        problem.empty() ? converted : OrvSys::PdfObject::Name("Unresolved"));
+                        problem.empty() ? converted : OrvSys::PdfObject::Name(unresolvedValue));
     }
     return OrvSys::PdfObject::Dictionary(std::move(entries));
 }
@@ -187,6 +187,21 @@ ContentResources::XObject ResourceReader::FindXObject(const std::string& name, s
             problem = "external objects of the kind " + (kind.empty() ? "that is missing" : "/" + kind) +
                       " are not modelled";
         }
+    });
+    return found;
+}
+
+std::shared_ptr<MaskDefinition> ResourceReader::FindMask(const std::string& state, std::string& problem)
+{
+    std::shared_ptr<MaskDefinition> found;
+    Guard(problem, [&] {
+        const SourceFile::Access access(document.GetFile());
+        QPDFObjectHandle mask = GetEntry(FindResource("/ExtGState", state, problem), "/SMask");
+        if (!GetEntry(mask, "/G").isStream()) {
+            problem = "the soft mask has no form";
+            return;
+        }
+        found = document.GetMask(mask, resources);
     });
     return found;
 }

@@ -24,6 +24,7 @@ public:
     OrvSys::PdfObject FindGraphicsState(const std::string& name, std::string& problem) override;
     boost::optional<PropertyList> FindPropertyList(const std::string& name, std::string& problem) override;
     XObject FindXObject(const std::string& name, std::string& problem) override;
+    std::shared_ptr<MaskDefinition> FindMask(const std::string& state, std::string& problem) override;
 
 private:
     QPDFObjectHandle FindResource(const char* category, const std::string& name, std::string& problem) const;

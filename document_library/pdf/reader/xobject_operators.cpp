@@ -45,7 +45,8 @@ void Interpreter::PaintForm(FormDefinition& form, const Arguments& arguments)
         tree.Place(std::move(group));
     } else {
         std::string problem;
-        if (const std::shared_ptr<const FormUse> use = form.Use(state, problem)) {
+        if (const std::shared_ptr<const FormUse> use =
+                form.Use(state, Plexa::Concatenate(state.matrix, GetBaseMatrix()), problem)) {
             PlaceForm(*use);
         } else {
             problems.Unmodelled("Do", "form /" + Readable(arguments[0].Text()) + " is left out: " + problem,

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <map>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <orv_doc/group.h>
@@ -119,6 +121,8 @@ private:
     // Objects of any class.
     /// `flags` are keys of booleans. False, and nothing is written, if there is nothing to say.
     bool BeginObject(const OrvDoc::ContentObject& object, const std::vector<const char*>& flags);
+    /// Goes back to the matrix of the container if a soft mask has to be set.
+    bool PrepareMask(const OrvBlend::Transparency& blending, const OrvDoc::ContentObject& object);
     /// What the graphics state can say of an object's transparency.
     OrvBlend::Transparency GetBlending(const OrvDoc::Blendable& object);
     /// Null if it has none that a file can hold.
@@ -137,6 +141,7 @@ private:
     KnownPaint fill;
     KnownPaint stroke;
     std::string pathOperators;
+    std::map<std::tuple<const void*, bool, bool, bool>, std::size_t> formIndices;
     /// The group that the form is for; null if it is for none.
     const OrvDoc::Group* groupOfForm = nullptr;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <orv_blend/soft_mask.h>
 #include <orv_blend/transparency.h>
 #include <orv_doc/content.h>
 
@@ -54,6 +55,15 @@ void ContentWalk::BeginTransferFunctions(const OrvDoc::Content& content)
     out.append("/tr gs\n");
 }
 
+bool ContentWalk::PrepareMask(const Transparency& blending, const OrvDoc::ContentObject& object)
+{
+    if (!blending.softMask || blending.softMask.get() == states.GetSoftMask()) {
+        return true;
+    }
+    LeaveSharedMatrix();
+    return LeaveMatrix(Matrix(), object);
+}
+
 Transparency ContentWalk::GetBlending(const OrvDoc::Blendable& object)
 {
     const auto& transparency = object.GetTransparency();
@@ -64,9 +74,9 @@ Transparency ContentWalk::GetBlending(const OrvDoc::Blendable& object)
     blending = *transparency;
     blending.isolated = false;
     blending.knockout = false;
-    blending.softMask = nullptr;
-    if (transparency->softMask) {
-        Refuse(object, "soft masks of objects are not written yet");
+    if (blending.softMask && !IsFinite(blending.softMask->GetTransformation())) {
+        Refuse(object, "soft masks with infinite numbers in their matrix are left out");
+        blending.softMask = nullptr;
     }
     if (blending.blendMode > OrvBlend::BlendMode::Luminosity) {
         Refuse(object, "unknown blend modes are written as Normal");

@@ -1,6 +1,6 @@
 #include "pdf/writer/content_walk.h"
 
-#include <algorithm>
+#include <tuple>
 
 #include <orv_blend/transparency.h>
 #include <orv_paint/form_paint.h>
@@ -17,12 +17,14 @@ using OrvDoc::Path;
 
 void ContentWalk::AppendDo(const FormReference& reference)
 {
-    auto found = std::find(result.forms.begin(), result.forms.end(), reference);
-    if (found == result.forms.end()) {
+    const void* const identity =
+        reference.paint ? static_cast<const void*>(reference.paint.get()) : reference.group;
+    const auto key = std::make_tuple(identity, reference.isGroup, reference.isIsolated, reference.isKnockout);
+    const auto [known, isNew] = formIndices.emplace(key, result.forms.size());
+    if (isNew) {
         result.forms.push_back(reference);
-        found = result.forms.end() - 1;
     }
-    out.append("/fm" + std::to_string(found - result.forms.begin()) + " Do\n");
+    out.append("/fm" + std::to_string(known->second) + " Do\n");
 }
 
 // A form that is kept as it stands in its file counts on the device's own halftones.
@@ -60,7 +62,7 @@ bool ContentWalk::WriteForm(const Path& path)
         Refuse(path, "halftones of paths that are filled with a form are left out");
     }
     const OrvBlend::Transparency blending = GetBlending(path);
-    if (!LeaveMatrix(path.GetTransformation(), path)) {
+    if (!PrepareMask(blending, path) || !LeaveMatrix(path.GetTransformation(), path)) {
         return false;
     }
     SetFormState(blending);
@@ -88,7 +90,7 @@ bool ContentWalk::WriteAsForm(const OrvDoc::Group& group)
     // Inside of the form there is no way out of a matrix without inverse.
     PrepareGroup(group);
     const OrvBlend::Transparency blending = GetBlending(group);
-    if (LeaveMatrix(Matrix(), group)) {
+    if (PrepareMask(blending, group) && LeaveMatrix(Matrix(), group)) {
         SetFormState(blending);
         FormReference reference;
         reference.group = &group;

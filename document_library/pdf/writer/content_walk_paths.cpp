@@ -84,7 +84,7 @@ bool ContentWalk::Visit(const Path& path)
     const OrvBlend::Transparency blending = GetBlending(path);
     const bool isPainted = fillSettings || strokeSettings;
     const std::shared_ptr<OrvDoc::HalftoneSet> halftones = GetHalftones(path);
-    if (!LeaveMatrix(path.GetTransformation(), path)) {
+    if (!PrepareMask(blending, path) || !LeaveMatrix(path.GetTransformation(), path)) {
         return false;
     }
     if (fillSettings) {

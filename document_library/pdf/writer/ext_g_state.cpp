@@ -8,6 +8,7 @@
 #include "pdf/halftone_definition.h"
 #include "pdf/number_text.h"
 #include "pdf/transfer_definition.h"
+#include "pdf/writer/nested_writer.h"
 #include "pdf/writer/object_maker.h"
 
 namespace OrvPdf
@@ -25,6 +26,7 @@ struct UsedParameters
     bool fillAlpha = false;
     bool strokeAlpha = false;
     bool alphaIsShape = false;
+    bool softMask = false;
     bool halftones = false;
     bool transferFunctions = false;
 };
@@ -46,6 +48,7 @@ UsedParameters FindUsed(const std::vector<ExtGState>& states, ContentStart start
         used.fillAlpha = used.fillAlpha || state.blending.fillAlpha != initial.blending.fillAlpha;
         used.strokeAlpha = used.strokeAlpha || state.blending.strokeAlpha != initial.blending.strokeAlpha;
         used.alphaIsShape = used.alphaIsShape || state.blending.alphaIsShape;
+        used.softMask = used.softMask || state.blending.softMask;
         used.halftones = used.halftones || state.halftones;
     }
     return used;
@@ -78,7 +81,8 @@ void SetHalftones(QPDFObjectHandle dictionary, const OrvDoc::HalftoneSet* halfto
     }
 }
 
-QPDFObjectHandle MakeExtGState(const ExtGState& state, const UsedParameters& used, ObjectMaker& maker)
+QPDFObjectHandle MakeExtGState(const ExtGState& state, const UsedParameters& used, ObjectMaker& maker,
+                               NestedWriter& nested)
 {
     QPDFObjectHandle dictionary = QPDFObjectHandle::newDictionary();
     dictionary.replaceKey("/Type", QPDFObjectHandle::newName("/ExtGState"));
@@ -100,6 +104,11 @@ QPDFObjectHandle MakeExtGState(const ExtGState& state, const UsedParameters& use
     }
     if (used.alphaIsShape) {
         dictionary.replaceKey("/AIS", QPDFObjectHandle::newBool(state.blending.alphaIsShape));
+    }
+    if (used.softMask) {
+        dictionary.replaceKey("/SMask", state.blending.softMask
+                                            ? nested.GetMask(state.blending.softMask, state.maskMatrix)
+                                            : QPDFObjectHandle::newName("/None"));
     }
     if (used.halftones) {
         SetHalftones(dictionary, state.halftones.get(), maker);
@@ -124,6 +133,7 @@ std::size_t GetHash(const ExtGState& state)
     mix(static_cast<std::size_t>(state.blending.blendMode));
     mix(std::hash<float>()(state.blending.fillAlpha));
     mix(std::hash<float>()(state.blending.strokeAlpha));
+    mix(std::hash<const void*>()(state.blending.softMask.get()));
     mix(state.halftones ? state.halftones->GetDefinition().GetDigest() : 0);
     return hash;
 }
@@ -133,7 +143,9 @@ std::size_t GetHash(const ExtGState& state)
 bool operator==(const ExtGState& left, const ExtGState& right)
 {
     return left.stroke == right.stroke && left.fill == right.fill && left.nonzero == right.nonzero &&
-           left.blending == right.blending && AreSame(left.halftones, right.halftones);
+           left.blending == right.blending &&
+           (!left.blending.softMask || AreIdentical(left.maskMatrix, right.maskMatrix)) &&
+           AreSame(left.halftones, right.halftones);
 }
 
 std::size_t ExtGStateIndex::Add(const ExtGState& state)
@@ -152,12 +164,12 @@ std::size_t ExtGStateIndex::Add(const ExtGState& state)
 
 QPDFObjectHandle MakeExtGStates(const std::vector<ExtGState>& states,
                                 const boost::optional<OrvDoc::TransferFunctionSet>& transferFunctions,
-                                ContentStart start, ObjectMaker& maker)
+                                ContentStart start, ObjectMaker& maker, NestedWriter& nested)
 {
     const UsedParameters used = FindUsed(states, start, transferFunctions.has_value());
     QPDFObjectHandle category = QPDFObjectHandle::newDictionary();
     for (std::size_t index = 0; index < states.size(); ++index) {
-        category.replaceKey("/gs" + std::to_string(index), MakeExtGState(states[index], used, maker));
+        category.replaceKey("/gs" + std::to_string(index), MakeExtGState(states[index], used, maker, nested));
     }
     if (transferFunctions) {
         QPDFObjectHandle dictionary = QPDFObjectHandle::newDictionary();

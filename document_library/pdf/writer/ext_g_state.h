@@ -12,9 +12,12 @@
 #include <orv_doc/halftone_set.h>
 #include <orv_doc/transfer_function_set.h>
 
+#include "pdf/writer/content_text.h"
+
 namespace OrvPdf
 {
 
+class NestedWriter;
 class ObjectMaker;
 
 /// What the graphics state is when a content begins.
@@ -32,8 +35,10 @@ struct ExtGState
     bool stroke = false;
     bool fill = false;
     bool nonzero = false;
-    /// `BM`, `ca`, `CA` and `AIS` (11.6.4). Isolated and knockout say nothing here and stay false.
+    /// `BM`, `ca`, `CA`, `AIS` and `SMask` (11.6.4). Isolated and knockout say nothing here and stay false.
     OrvBlend::Transparency blending;
+    /// Of a soft mask: the matrix that it is set under.
+    Matrix maskMatrix;
     /// `HT` (10.5); null for those of the device.
     std::shared_ptr<OrvDoc::HalftoneSet> halftones;
 };
@@ -59,6 +64,6 @@ private:
 /// behind its `gs`. In a content that begins with parameters that are not known they say all of these.
 QPDFObjectHandle MakeExtGStates(const std::vector<ExtGState>& states,
                                 const boost::optional<OrvDoc::TransferFunctionSet>& transferFunctions,
-                                ContentStart start, ObjectMaker& maker);
+                                ContentStart start, ObjectMaker& maker, NestedWriter& nested);
 
 } // namespace OrvPdf

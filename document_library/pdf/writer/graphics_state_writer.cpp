@@ -77,6 +77,13 @@ void GraphicsStateWriter::Concatenate(const Matrix& matrix)
     levels.back().matrix = matrix;
 }
 
+void GraphicsStateWriter::SetBase()
+{
+    Level& level = levels.back();
+    level.base = Plexa::Concatenate(level.matrix, level.base);
+    level.matrix = Matrix();
+}
+
 bool GraphicsStateWriter::Reset()
 {
     Matrix& matrix = levels.back().matrix;
@@ -184,6 +191,9 @@ void GraphicsStateWriter::SetParameters(const PaintSettings* fill, const PaintSe
 {
     ExtGState& current = levels.back().parameters;
     ExtGState wanted = current;
+    if (blending.softMask != current.blending.softMask) {
+        wanted.maskMatrix = levels.back().base;
+    }
     wanted.blending = blending;
     if (halftones) {
         wanted.halftones = *halftones;

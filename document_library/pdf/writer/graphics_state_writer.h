@@ -29,7 +29,9 @@ public:
     /// `cm` of a matrix, over the identity.
     void Concatenate(const Matrix& matrix);
     /// The container whose own matrix is in force begins: seen from there it is the identity.
-    void SetBase() { levels.back().matrix = Matrix(); }
+    void SetBase();
+    /// The mask in force; null for none.
+    const OrvBlend::SoftMask* GetSoftMask() const { return levels.back().parameters.blending.softMask.get(); }
     /// Goes back from the matrix in force to the identity. False, and nothing is written, if it has no
     /// inverse.
     bool Reset();
@@ -38,7 +40,8 @@ public:
     void SetStrokeColor(const PaintColor& color);
     void SetStrokeProperties(const OrvDoc::StrokeProperties& properties);
     /// The overprint that is asked for by no paint stays as it is. Both may be null; of two that depend on
-    /// the mode both have the same one. `halftones` is null where they may stay as they are.
+    /// the mode both have the same one. `halftones` is null where they may stay as they are. A soft mask is
+    /// to be set under the matrix of the container.
     void SetParameters(const PaintSettings* fill, const PaintSettings* stroke,
                        const OrvBlend::Transparency& blending,
                        const std::shared_ptr<OrvDoc::HalftoneSet>* halftones);
@@ -50,6 +53,8 @@ private:
     struct Level
     {
         Matrix matrix;
+        /// That of the container, which leads to the coordinates of the content.
+        Matrix base;
         PaintColor fill;
         PaintColor stroke;
         /// Null if they are not known. Otherwise their owner lives as long as the content that is being

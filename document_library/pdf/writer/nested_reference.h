@@ -27,10 +27,4 @@ struct FormReference
     bool isKnockout = false;
 };
 
-inline bool operator==(const FormReference& left, const FormReference& right)
-{
-    return left.paint == right.paint && left.group == right.group && left.isGroup == right.isGroup &&
-           left.isIsolated == right.isIsolated && left.isKnockout == right.isKnockout;
-}
-
 } // namespace OrvPdf

@@ -2,19 +2,28 @@
 
 #include <cstddef>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include <boost/filesystem/path.hpp>
 #include <qpdf/QPDFObjectHandle.hh>
 
+#include "pdf/writer/content_text.h"
 #include "pdf/writer/nested_reference.h"
 #include "pdf/writer/writing_problems.h"
 
+namespace OrvBlend
+{
+class SoftMask;
+}
+
 namespace OrvDoc
 {
+class BlendColorSpace;
 class Content;
 class Document;
 } // namespace OrvDoc
@@ -22,16 +31,16 @@ class Document;
 namespace OrvPdf
 {
 
-class ObjectMaker;
 class NestedSource;
+class ObjectMaker;
 class ResourcesWriter;
 class SeparationSpaces;
 
 /// Writes the contents that lie inside of others. Each is one object of the file, however often it is used.
 /// It is made when it is first asked for and written later, one after the other, so that depth costs no
-/// stack.
+/// stack. What forms, soft masks and patterns are beside their contents stands in files of their own.
 ///
-/// A form that was read from the same file, and that nobody changed, stays the object that it is.
+/// A content that was read from the same file, and that nobody changed, keeps its stream.
 class NestedWriter
 {
 public:
@@ -44,41 +53,68 @@ public:
           folder(std::move(givenFolder))
     {}
 
-    /// The object of a form.
+    /// The object of a form. One that was read from the same file, and whose paint nobody changed, stays the
+    /// object that it is.
     QPDFObjectHandle GetForm(const FormReference& reference);
+
+    /// The dictionary of a soft mask for those who set it under a matrix that leads to the content's
+    /// coordinates.
+    QPDFObjectHandle GetMask(const std::shared_ptr<const OrvBlend::SoftMask>& mask, const Matrix& matrix);
 
     /// Writes what was asked for since the last call, and what that asks for. `place` is where it is used:
     /// "page 3". Returns the texts of the active errors.
     std::vector<std::string> WriteAll(ResourcesWriter& resources, const std::string& place);
 
 private:
-    using Key = std::tuple<const void*, bool, bool, bool>;
-
+    /// A stream that waits for its content.
     struct Task
     {
-        FormReference reference;
+        /// Either of them.
+        std::shared_ptr<const OrvDoc::Content> content;
+        const OrvDoc::Group* group = nullptr;
         QPDFObjectHandle stream;
     };
 
-    const NestedSource* FindSource(const FormReference& reference) const;
-    QPDFObjectHandle FindKept(const FormReference& reference, bool& isWritten);
+    using FormKey = std::tuple<const void*, bool, bool, bool>;
+
+    // nested_writer.cpp
+    /// What the content was read from, if that is the file that is written anew.
+    const NestedSource* FindSource(const OrvDoc::Content& content) const;
+    /// A stream for a content: with its data already if it keeps those of its source, otherwise a task.
+    QPDFObjectHandle AddContent(const std::shared_ptr<const OrvDoc::Content>& content);
+    void Write(const Task& task, ResourcesWriter& resources, std::vector<std::string>& texts,
+               const std::string& place);
+
+    // nested_forms.cpp
+    QPDFObjectHandle FindKeptForm(const FormReference& reference);
     QPDFObjectHandle MakeForm(const FormReference& reference);
-    void SetBox(QPDFObjectHandle dictionary, const FormReference& reference);
+    QPDFObjectHandle MakeGroupForm(const FormReference& reference);
+    void SetBox(QPDFObjectHandle dictionary,
+                const Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem>& box);
     void SetProperties(QPDFObjectHandle dictionary, const OrvPaint::FormPaint& paint);
     /// The page of another file, as seen from where this one will stand.
     void SetReference(QPDFObjectHandle dictionary, const OrvPaint::FormPaint& paint);
-    void SetGroup(QPDFObjectHandle dictionary, const FormReference& reference);
-    void Write(Task& task, ResourcesWriter& resources, std::vector<std::string>& texts,
-               const std::string& place);
+    void SetGroup(QPDFObjectHandle dictionary, const FormReference& reference,
+                  const OrvDoc::BlendColorSpace& space);
+
+    // nested_masks.cpp
+    QPDFObjectHandle MakeMask(const std::shared_ptr<const OrvBlend::SoftMask>& mask, const Matrix& matrix);
+    QPDFObjectHandle MakeMaskForm(const OrvBlend::SoftMask& mask, const Matrix& matrix);
+    void SetBackdrop(QPDFObjectHandle dictionary, QPDFObjectHandle form, const OrvBlend::SoftMask& mask);
 
     const OrvDoc::Document& document;
     ObjectMaker& maker;
     SeparationSpaces& separations;
     boost::filesystem::path folder;
-    std::map<Key, QPDFObjectHandle> forms;
+    std::map<FormKey, QPDFObjectHandle> forms;
     /// The first object of each paint: others of the same paint name it.
     std::map<const OrvPaint::FormPaint*, QPDFObjectHandle> firstForms;
-    std::set<int> rewrittenObjects;
+    struct KnownMask
+    {
+        Matrix matrix;
+        QPDFObjectHandle dictionary;
+    };
+    std::map<std::shared_ptr<const OrvBlend::SoftMask>, std::vector<KnownMask>> masks;
     std::vector<Task> tasks;
     /// So that no address is that of another paint before the end.
     std::vector<FormReference> references;

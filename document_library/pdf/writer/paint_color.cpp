@@ -121,6 +121,20 @@ PaintSettings PaintColors::WithoutMode(const PaintSettings& given)
     return changed;
 }
 
+ColorSpace::Pointer PaintColors::GetSpace(const PaintColor& color) const
+{
+    switch (color.space) {
+    case PaintColor::gray:
+        return ColorSpace::DeviceGray();
+    case PaintColor::rgb:
+        return ColorSpace::DeviceRGB();
+    case PaintColor::cmyk:
+        return ColorSpace::DeviceCMYK();
+    default:
+        return spaces[color.space - PaintColor::firstNamed];
+    }
+}
+
 std::uint32_t PaintColors::GetSpaceNumber(const ColorSpace::Pointer& space)
 {
     switch (space->GetFamily()) {

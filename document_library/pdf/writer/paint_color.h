@@ -56,6 +56,9 @@ public:
     /// The same colour of the process inks in a space where no overprint mode counts.
     PaintSettings WithoutMode(const PaintSettings& given);
 
+    /// The space of a colour that these settings have.
+    OrvColor::ColorSpace::Pointer GetSpace(const PaintColor& color) const;
+
     /// The spaces of the resources.
     const std::vector<OrvColor::ColorSpace::Pointer>& GetSpaces() const { return spaces; }
 

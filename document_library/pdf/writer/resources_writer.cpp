@@ -64,8 +64,9 @@ QPDFObjectHandle ResourcesWriter::Make(const WrittenContent& content, QPDFObject
     QPDFObjectHandle resources =
         before.isDictionary() ? before.shallowCopy() : QPDFObjectHandle::newDictionary();
     ReplaceCategory(resources, "/ColorSpace", MakeColorSpaces(content));
-    ReplaceCategory(resources, "/ExtGState",
-                    MakeExtGStates(content.graphicsStates, content.transferFunctions, content.start, maker));
+    ReplaceCategory(
+        resources, "/ExtGState",
+        MakeExtGStates(content.graphicsStates, content.transferFunctions, content.start, maker, nested));
     ReplaceCategory(resources, "/Properties", MakePropertyLists(content));
     QPDFObjectHandle forms = QPDFObjectHandle::newDictionary();
     for (std::size_t index = 0; index < content.forms.size(); ++index) {

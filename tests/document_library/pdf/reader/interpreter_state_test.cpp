@@ -136,7 +136,7 @@ TEST(InterpreterState, ParametersWithoutAPlaceInTheModelAreTold)
 {
     EXPECT_EQ(LineUnder({{"BG2", PdfObject::Name("Unresolved")}, {"SMask", PdfObject::Name("Unresolved")}}),
               stroked + " | operator gs: parameter BG2 is not modelled, byte 0"
-                        " | operator gs: parameter SMask is not modelled, byte 0");
+                        " | operator gs: the soft mask of /G is left out: it is missing, byte 0");
 }
 
 TEST(InterpreterState, AnUnknownParameterIsNotNeutral)

@@ -42,6 +42,7 @@ public:
     std::map<std::string, OrvSys::PdfObject> states;
     std::map<std::string, PropertyList> lists;
     std::map<std::string, XObject> xObjects;
+    std::map<std::string, std::shared_ptr<MaskDefinition>> masks;
     /// Problems that come with a resource that is found.
     std::map<std::string, std::string> warnings;
     std::size_t lookups = 0;
@@ -66,6 +67,11 @@ public:
     XObject FindXObject(const std::string& name, std::string& problem) override
     {
         return Find(xObjects, name, problem);
+    }
+
+    std::shared_ptr<MaskDefinition> FindMask(const std::string& state, std::string& problem) override
+    {
+        return Find(masks, state, problem);
     }
 
 private:

@@ -11,7 +11,9 @@
 #include <orv_doc/write_options.h>
 
 #include "pdf/writer/ext_g_state.h"
+#include "pdf/writer/nested_writer.h"
 #include "pdf/writer/object_maker.h"
+#include "pdf/writer/separation_spaces.h"
 #include "support/temporary_folder.h"
 #include "writer_test_support.h"
 
@@ -25,7 +27,10 @@ inline std::string StatesOf(const WrittenContent& content)
     QPDF file;
     file.emptyPDF();
     ObjectMaker maker(file, false);
-    return MakeExtGStates(content.graphicsStates, content.transferFunctions, content.start, maker)
+    const auto document = OrvDoc::Document::CreateNew();
+    SeparationSpaces separations(document->GetSeparationInfo());
+    NestedWriter nested(*document, maker, separations, {});
+    return MakeExtGStates(content.graphicsStates, content.transferFunctions, content.start, maker, nested)
         .unparseResolved();
 }
 

@@ -1,0 +1,13 @@
+#include "pdf/writer/matrix_object.h"
+
+namespace OrvPdf
+{
+
+QPDFObjectHandle MakeMatrixObject(const Matrix& matrix)
+{
+    std::string text = "[";
+    AppendMatrix(text, matrix);
+    return QPDFObjectHandle::parse(text + "]");
+}
+
+} // namespace OrvPdf
