@@ -5,6 +5,7 @@
 #include <orv_paint/whole_function.h>
 
 #include "orv_paint/definition_numbers.h"
+#include "orv_paint/joined_function.h"
 
 #include <stdexcept>
 #include <string>
@@ -119,6 +120,18 @@ std::shared_ptr<const Function> MakeFunction(const PdfObject& definition)
     if (type.IsInteger() && (type.GetInteger() == 0 || type.GetInteger() == 4))
         return WholeFunction::Make(definition);
     throw std::invalid_argument("A function has the unknown type '" + type.Serialize().substr(0, 40) + "'.");
+}
+
+std::shared_ptr<const Function> MakeFunctionOfShading(const PdfObject& definition)
+{
+    if (!definition.IsArray())
+        return MakeFunction(definition);
+    std::vector<std::shared_ptr<const Function>> functions;
+    for (const PdfObject& item : definition.GetItems())
+        functions.push_back(MakeFunction(item));
+    if (const auto joined = Detail::JoinFunctions(functions))
+        return joined;
+    return WholeFunction::Make(definition);
 }
 
 PdfObject GetFunctionDefinition(const Function& function)
