@@ -81,7 +81,9 @@ void Interpreter::SetColorSpace(PaintSetting& setting, const Arguments& argument
     const auto space = FindColorSpace(arguments[0].Text(), arguments);
     TakeColor(setting);
     setting.paint = nullptr;
-    if (!space || space->GetFamily() == ColorSpace::Family::Pattern) {
+    setting.pattern = nullptr;
+    setting.patternSpace = space && space->GetFamily() == ColorSpace::Family::Pattern ? space : nullptr;
+    if (!space || setting.patternSpace) {
         setting.color = nullptr;
         return;
     }
@@ -103,11 +105,7 @@ void Interpreter::SetColor(PaintSetting& setting, const Arguments& arguments)
     const std::size_t count = arguments.Count();
     const std::string_view operatorText = arguments.OperatorText();
     if (count > 0 && arguments[count - 1].IsName()) {
-        problems.Unmodelled(operatorText, "patterns are not modelled", arguments[count - 1].Text(),
-                            arguments.Place());
-        TakeColor(setting);
-        setting.color = nullptr;
-        setting.paint = nullptr;
+        SetPattern(setting, arguments);
         return;
     }
     if (!setting.color) {
@@ -152,6 +150,8 @@ void Interpreter::SetColor(PaintSetting& setting, ColorSpace::Pointer space, con
         color->components.push_back(operand.AsFloat());
     }
     setting.color = std::move(color);
+    setting.patternSpace = nullptr;
+    setting.pattern = nullptr;
     setting.paint = nullptr;
 }
 
@@ -187,7 +187,9 @@ void Interpreter::SetStrokeCmyk(const Arguments& arguments)
 
 std::shared_ptr<const OrvPaint::Paint> Interpreter::GetPaint(PaintSetting& setting)
 {
-    if (!setting.paint && setting.color) {
+    if (!setting.paint && setting.pattern) {
+        setting.paint = MakePatternPaint(setting);
+    } else if (!setting.paint && setting.color) {
         setting.paint = paints.Get(setting.color, setting.overprint, state.nonzeroOverprint);
     }
     return setting.paint;

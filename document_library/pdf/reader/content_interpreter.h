@@ -7,6 +7,8 @@
 #include <vector>
 
 #include <orv_doc/read_options.h>
+#include <plexa/coordinate_systems.h>
+#include <plexa/rectangle.h>
 
 namespace OrvDoc
 {
@@ -48,8 +50,12 @@ struct Interpretation
 
 /// Interprets a decoded content stream into the empty content (ISO 32000-1, 7.8.2 and 8). Throws nothing for
 /// what the stream holds. `initial` is the state that it begins with; null stands for that of a page.
+///
+/// `box` is what can be seen of the content, in its coordinates: it is what an operator paints that paints
+/// everything.
 Interpretation InterpretContent(std::string_view stream, ContentResources& resources,
                                 const OrvDoc::ReadOptions::Limits& limits, OrvDoc::Content& content,
-                                const GraphicsState* initial = nullptr);
+                                const GraphicsState* initial = nullptr,
+                                const Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem>& box = {});
 
 } // namespace OrvPdf

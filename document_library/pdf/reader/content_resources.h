@@ -14,6 +14,8 @@
 namespace OrvPdf
 {
 
+class ShadingResource;
+
 /// Stands for a value that no `PdfObject` can hold.
 inline constexpr const char* unresolvedValue = "Unresolved";
 
@@ -45,6 +47,20 @@ public:
         /// Set if the list is an optional content group or membership dictionary.
         boost::optional<OrvDoc::Layer::Membership> layer;
     };
+
+    /// A pattern (8.7). Of one kind exactly.
+    struct Pattern
+    {
+        /// From the pattern's coordinates to those of the content.
+        Matrix matrix;
+        /// What a shading pattern paints.
+        std::shared_ptr<const ShadingResource> shading;
+    };
+
+    /// Null if there is none. The same object of the file gives the same shading wherever it is named.
+    virtual std::shared_ptr<const Pattern> FindPattern(const std::string& name, std::string& problem) = 0;
+    virtual std::shared_ptr<const ShadingResource> FindShading(const std::string& name,
+                                                               std::string& problem) = 0;
 
     virtual boost::optional<PropertyList> FindPropertyList(const std::string& name, std::string& problem) = 0;
 

@@ -5,6 +5,7 @@
 
 #include "pdf/marked_content_tags.h"
 #include "pdf/reader/qpdf_text.h"
+#include "pdf/reader/shading_resource.h"
 
 namespace OrvPdf
 {
@@ -79,6 +80,41 @@ std::shared_ptr<PdfMask> DocumentResources::GetMask(QPDFObjectHandle dictionary,
         mask = std::make_shared<PdfMask>(*this, dictionary, around);
     }
     return mask;
+}
+
+std::shared_ptr<const ShadingResource>
+DocumentResources::GetShading(QPDFObjectHandle definition, QPDFObjGen owner,
+                              const OrvColor::ColorSpace::Pointer& space, std::string& problem)
+{
+    KnownShading known;
+    if (owner.isIndirect()) {
+        const auto [entry, isNew] = shadings.try_emplace({owner, space});
+        if (isNew)
+            entry->second = MakeShading(definition, space);
+        known = entry->second;
+    } else {
+        known = MakeShading(definition, space);
+    }
+    if (!known.shading)
+        problem = known.problem;
+    return known.shading;
+}
+
+DocumentResources::KnownShading DocumentResources::MakeShading(QPDFObjectHandle definition,
+                                                               const OrvColor::ColorSpace::Pointer& space)
+{
+    KnownShading made;
+    const OrvSys::PdfObject converted = converter.Convert(definition, made.problem);
+    if (!made.problem.empty())
+        return made;
+    try {
+        made.shading = std::make_shared<const ShadingResource>(converted, space);
+    } catch (const std::invalid_argument& failure) {
+        made.problem = failure.what();
+    } catch (const std::length_error& failure) {
+        made.problem = failure.what();
+    }
+    return made;
 }
 
 void DocumentResources::AddLayer(int objectNumber, std::shared_ptr<OrvDoc::LayerProperties> layer)

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include <qpdf/QPDFObjGen.hh>
@@ -25,6 +26,8 @@ class LayerProperties;
 
 namespace OrvPdf
 {
+
+class ShadingResource;
 
 /// What the contents of one document share: colour spaces that are made once, and its layers by object
 /// number. Everything here needs an access to the file.
@@ -51,6 +54,13 @@ public:
     std::shared_ptr<PdfMask> GetMask(QPDFObjectHandle dictionary, QPDFObjectHandle around);
     NestedContentLock& GetNestedContents() { return nestedContents; }
 
+    /// The shading of a definition in the colour space that its `ColorSpace` means where it is used. `owner`
+    /// is the object that the definition is or stands in, none if it stands in resources themselves: the same
+    /// owner gives the same shading. Null, with the reason in `problem`, if it is malformed.
+    std::shared_ptr<const ShadingResource> GetShading(QPDFObjectHandle definition, QPDFObjGen owner,
+                                                      const OrvColor::ColorSpace::Pointer& space,
+                                                      std::string& problem);
+
     void AddLayer(int objectNumber, std::shared_ptr<OrvDoc::LayerProperties> layer);
     /// Null if no layer of the document has that object number.
     std::shared_ptr<OrvDoc::LayerProperties> FindLayer(int objectNumber) const;
@@ -62,12 +72,20 @@ private:
         std::string problem;
     };
 
+    struct KnownShading
+    {
+        std::shared_ptr<const ShadingResource> shading;
+        std::string problem;
+    };
+
     KnownSpace MakeColorSpace(QPDFObjectHandle definition);
+    KnownShading MakeShading(QPDFObjectHandle definition, const OrvColor::ColorSpace::Pointer& space);
 
     std::shared_ptr<const SourceFile> file;
     ObjectConverter converter;
     std::map<QPDFObjGen, KnownSpace> spacesByObject;
     std::unordered_map<std::uint64_t, std::vector<OrvColor::ColorSpace::Pointer>> spacesByDigest;
+    std::map<std::pair<QPDFObjGen, OrvColor::ColorSpace::Pointer>, KnownShading> shadings;
     std::map<int, std::shared_ptr<OrvDoc::LayerProperties>> layers;
     OrvDoc::Document* document = nullptr;
     std::map<QPDFObjGen, std::shared_ptr<PdfForm>> forms;

@@ -8,8 +8,9 @@
 #include <orv_color/color_space.h>
 #include <orv_doc/halftone_set.h>
 #include <orv_doc/stroke_properties.h>
-#include <orv_paint/flat_paint.h>
+#include <orv_paint/paint.h>
 
+#include "pdf/reader/content_resources.h"
 #include "pdf/reader/group_recipe.h"
 #include "pdf/reader/transfer_functions_in_force.h"
 
@@ -26,12 +27,17 @@ struct Color
 /// The current colour of filling or of stroking.
 struct PaintSetting
 {
-    /// Null for a colour that the model has no place for: a pattern, or one in a space that can't be read.
+    /// Null for a pattern, and for a colour that the model has no place for, such as one in a space that
+    /// can't be read.
     std::shared_ptr<const Color> color;
+    /// The space of patterns that is current; null for other spaces.
+    OrvColor::ColorSpace::Pointer patternSpace;
+    /// The current pattern; null for none.
+    std::shared_ptr<const ContentResources::Pattern> pattern;
     /// `OP` or `op` of the graphics state (ISO 32000-1, 8.6.7).
     bool overprint = false;
     /// What the two and the overprint mode make; null until an object needs it.
-    std::shared_ptr<const OrvPaint::FlatPaint> paint;
+    std::shared_ptr<const OrvPaint::Paint> paint;
 };
 
 /// How objects join what is below them.

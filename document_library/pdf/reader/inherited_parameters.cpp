@@ -14,6 +14,12 @@ bool AreEqual(const std::shared_ptr<const Color>& left, const std::shared_ptr<co
     return left && right && left->space == right->space && left->components == right->components;
 }
 
+bool AreEqual(const PaintSetting& left, const PaintSetting& right)
+{
+    return AreEqual(left.color, right.color) && left.patternSpace == right.patternSpace &&
+           left.pattern == right.pattern;
+}
+
 template <typename Value>
 bool AreEqualValues(const std::shared_ptr<Value>& left, const std::shared_ptr<Value>& right)
 {
@@ -39,6 +45,10 @@ GraphicsState BeginForm(const GraphicsState& state, bool isTransparencyGroup)
     GraphicsState nested = state;
     nested.matrix = Matrix();
     nested.inherited = Inherited::all;
+    for (PaintSetting* const setting : {&nested.fill, &nested.stroke}) {
+        // That of a pattern is one for the coordinates around.
+        setting->paint = setting->pattern ? nullptr : setting->paint;
+    }
     if (isTransparencyGroup) {
         nested.blending = BlendSetting();
     }
@@ -59,9 +69,8 @@ std::uint32_t FindPeculiar(const GraphicsState& state, std::uint32_t parameters)
 bool Agree(const GraphicsState& left, const GraphicsState& right, std::uint32_t parameters)
 {
     const auto asks = [parameters](std::uint32_t bit) { return (parameters & bit) != 0; };
-    return !asks(Inherited::textState) &&
-           !(asks(Inherited::fillColor) && !AreEqual(left.fill.color, right.fill.color)) &&
-           !(asks(Inherited::strokeColor) && !AreEqual(left.stroke.color, right.stroke.color)) &&
+    return !asks(Inherited::textState) && !(asks(Inherited::fillColor) && !AreEqual(left.fill, right.fill)) &&
+           !(asks(Inherited::strokeColor) && !AreEqual(left.stroke, right.stroke)) &&
            !(asks(Inherited::fillOverprint) && left.fill.overprint != right.fill.overprint) &&
            !(asks(Inherited::strokeOverprint) && left.stroke.overprint != right.stroke.overprint) &&
            !(asks(Inherited::overprintMode) && left.nonzeroOverprint != right.nonzeroOverprint) &&

@@ -57,10 +57,12 @@ ContentLexerLimits LexerLimits(const OrvDoc::ReadOptions::Limits& limits)
 } // namespace
 
 Interpreter::Interpreter(ContentResources& contentResources, const OrvDoc::ReadOptions::Limits& readLimits,
-                         OrvDoc::Content& givenContent, const GraphicsState* initial)
+                         OrvDoc::Content& givenContent, const GraphicsState* initial,
+                         const Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem>& contentBox)
     : content(givenContent),
       resources(contentResources),
       limits(readLimits),
+      box(contentBox),
       problems(readLimits.errors),
       tree(content, readLimits.contentObjects, maximumGroupCopies)
 {
@@ -138,9 +140,10 @@ void Interpreter::Finish(std::size_t streamSize)
 
 Interpretation InterpretContent(std::string_view stream, ContentResources& resources,
                                 const OrvDoc::ReadOptions::Limits& limits, OrvDoc::Content& content,
-                                const GraphicsState* initial)
+                                const GraphicsState* initial,
+                                const Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem>& box)
 {
-    return Interpreter(resources, limits, content, initial).Run(stream);
+    return Interpreter(resources, limits, content, initial, box).Run(stream);
 }
 
 } // namespace OrvPdf

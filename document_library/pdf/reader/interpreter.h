@@ -13,6 +13,7 @@
 
 #include <orv_doc/read_options.h>
 #include <plexa/compound_builder.h>
+#include <plexa/rectangle.h>
 #include <plexa/winding_rule.h>
 
 #include "pdf/reader/content_interpreter.h"
@@ -63,7 +64,8 @@ class Interpreter
 public:
     /// `initial` may be null.
     Interpreter(ContentResources& contentResources, const OrvDoc::ReadOptions::Limits& readLimits,
-                OrvDoc::Content& givenContent, const GraphicsState* initial);
+                OrvDoc::Content& givenContent, const GraphicsState* initial,
+                const Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem>& contentBox);
 
     Interpretation Run(std::string_view stream);
 
@@ -114,6 +116,9 @@ public:
     void SetFillCmyk(const Arguments& arguments);
     void SetStrokeCmyk(const Arguments& arguments);
 
+    // Shadings (8.7.4.2).
+    void PaintShading(const Arguments& arguments);
+
     // Marked content (14.6) and optional content (8.11.3).
     void BeginMarkedContent(const Arguments& arguments);
     void BeginMarkedContentList(const Arguments& arguments);
@@ -131,7 +136,6 @@ public:
     // Operators that the model has no place for.
     void LeaveOutText(const Arguments& arguments);
     void LeaveOutInlineImage(const Arguments& arguments);
-    void LeaveOutShading(const Arguments& arguments);
     void RejectMisplaced(const Arguments& arguments);
 
 private:
@@ -262,6 +266,12 @@ private:
     void SetGroupBlending(OrvDoc::Blendable& object, bool isIsolated, bool isKnockout);
     void NoteReading(const std::shared_ptr<const NestedReading>& reading);
 
+    // pattern_operators.cpp
+    void SetPattern(PaintSetting& setting, const Arguments& arguments);
+    std::shared_ptr<const OrvPaint::Paint> MakePatternPaint(const PaintSetting& setting);
+    Matrix GetBaseMatrix() const;
+    std::shared_ptr<const Plexa::Compound> MakeBoxOutline();
+
     // marked_content_operators.cpp
     OrvSys::PdfObject ToObject(const Operand& operand, const Arguments& arguments);
     void BeginMark(const std::string& tag, const OrvSys::PdfObject& properties, const Arguments& arguments);
@@ -276,6 +286,9 @@ private:
     OrvDoc::Content& content;
     ContentResources& resources;
     const OrvDoc::ReadOptions::Limits& limits;
+    const Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> box;
+    /// That of the box in the content's coordinates; null until somebody needs it.
+    std::shared_ptr<const Plexa::Compound> boxOutline;
     ProblemLog problems;
     ScopeTree tree;
     PaintCache paints;
@@ -285,6 +298,8 @@ private:
     ResourceCache<OrvColor::ColorSpace::Pointer> spaces;
     /// The device spaces or what stands in for them, by family, once they have been had without a problem.
     std::array<OrvColor::ColorSpace::Pointer, 3> deviceSpaces;
+    ResourceCache<std::shared_ptr<const ContentResources::Pattern>> patterns;
+    ResourceCache<std::shared_ptr<const ShadingResource>> shadings;
     ResourceCache<OrvSys::PdfObject> parameterLists;
     ResourceCache<PropertyList> propertyLists;
     ResourceCache<ContentResources::XObject> xObjects;

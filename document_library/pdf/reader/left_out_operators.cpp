@@ -29,11 +29,6 @@ void Interpreter::LeaveOutInlineImage(const Arguments& arguments)
     problems.Unmodelled("BI", "pictures are not modelled", {}, arguments.Place());
 }
 
-void Interpreter::LeaveOutShading(const Arguments& arguments)
-{
-    problems.Unmodelled("sh", "shadings are not modelled", arguments[0].Text(), arguments.Place());
-}
-
 void Interpreter::RejectMisplaced(const Arguments& arguments)
 {
     problems.Damaged(arguments.Operation().operatorText, "the operator has no place here", {},

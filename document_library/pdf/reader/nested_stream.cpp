@@ -7,6 +7,7 @@
 
 #include "pdf/marked_content_tags.h"
 #include "pdf/reader/document_resources.h"
+#include "pdf/reader/geometry_reader.h"
 #include "pdf/reader/group_space.h"
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/reader/resource_reader.h"
@@ -72,12 +73,16 @@ NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const Graph
     Reading reading{
         std::make_shared<OrvDoc::Content>(document.GetDocument(), type), {}, ErrorList(limits.errors)};
     EncodedStream encoded;
+    Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> box;
     {
         const SourceFile::Access access(file);
         if (!IsTrue(GetEntry(stream, Tags::noBlendSpaceKey))) {
             ReadGroupSpace(GetEntry(stream, "/Group"), document, *reading.content, reading.errors);
         }
         ReadBlendSpace(GetEntry(stream, Tags::blendSpaceKey), document, *reading.content, reading.errors);
+        // What is wrong with it is told where the content is used.
+        std::vector<std::string> problems;
+        box = ReadRectangle(GetEntry(stream, "/BBox"), "BBox", problems);
         encoded = FetchStream(stream);
     }
     const DecodedStream decoded = DecodeStream(
@@ -86,7 +91,8 @@ NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const Graph
         reading.errors.Add(decoded.problem);
     }
     ResourceReader inner(document, resources);
-    reading.interpretation = InterpretContent(decoded.bytes.View(), inner, limits, *reading.content, state);
+    reading.interpretation =
+        InterpretContent(decoded.bytes.View(), inner, limits, *reading.content, state, box);
     reading.errors.Add(std::move(reading.interpretation.errors));
     return reading;
 }

@@ -78,7 +78,7 @@ constexpr Row rows[] = {
     {OperatorId::EndCompatibility, "", &I::EndCompatibility},
 
     {OperatorId::PaintXObject, "N", &I::PaintXObject},
-    {OperatorId::PaintShading, "N", &I::LeaveOutShading},
+    {OperatorId::PaintShading, "N", &I::PaintShading},
     {OperatorId::BeginInlineImage, "*", &I::LeaveOutInlineImage},
     {OperatorId::BeginText, "", &I::LeaveOutText},
     {OperatorId::EndText, "", &I::LeaveOutText},

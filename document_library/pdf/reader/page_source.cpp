@@ -6,6 +6,7 @@
 #include <utility>
 
 #include <orv_doc/errors.h>
+#include <orv_doc/page_box.h>
 #include <orv_doc/page_content.h>
 
 #include "pdf/reader/group_space.h"
@@ -84,10 +85,11 @@ void PdfPageSource::Interpret(OrvDoc::PageContent& content) const
 
 void PdfPageSource::InterpretInto(OrvDoc::PageContent& content, ErrorList& errors) const
 {
+    PageBoxes boxes;
     {
         const SourceFile::Access access(*file);
         std::vector<std::string> problems;
-        ReadPageBoxes(entry, problems);
+        boxes = ReadPageBoxes(entry, problems);
         errors.Add(std::move(problems));
         ReadGroupSpace(GetEntry(entry.dictionary, "/Group"), *document, content, errors);
     }
@@ -96,7 +98,8 @@ void PdfPageSource::InterpretInto(OrvDoc::PageContent& content, ErrorList& error
     errors.Add(std::move(data.problems));
 
     ResourceReader resources(*document, entry.entries.resources);
-    interpretation = InterpretContent(data.bytes.View(), resources, file->GetOptions().limits, content);
+    interpretation = InterpretContent(data.bytes.View(), resources, file->GetOptions().limits, content, nullptr,
+                                      boxes[static_cast<std::size_t>(OrvDoc::PageBox::Media)]);
     errors.Add(interpretation.errors);
     TellNested(interpretation.nested, errors);
 }

@@ -4,6 +4,8 @@
 #include <memory>
 #include <unordered_map>
 
+#include <orv_paint/flat_paint.h>
+
 #include "pdf/reader/graphics_state.h"
 
 namespace OrvPdf

@@ -1,10 +1,10 @@
 #include "pdf/reader/resource_reader.h"
 
 #include <array>
-#include <stdexcept>
 
 #include "pdf/reader/layer_membership.h"
 #include "pdf/reader/qpdf_text.h"
+#include "pdf/reader/resource_guard.h"
 
 namespace OrvPdf
 {
@@ -36,21 +36,6 @@ const DeviceSpace* FindDeviceSpace(const std::string& name)
     return nullptr;
 }
 
-// Runs what may throw for what the file holds; the reason becomes the problem.
-template <typename Function>
-void Guard(std::string& problem, Function function)
-{
-    try {
-        function();
-    } catch (const QPDFExc& failure) {
-        problem = DescribeProblem(failure);
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (const std::exception& failure) {
-        problem = failure.what();
-    }
-}
-
 } // namespace
 
 QPDFObjectHandle ResourceReader::FindResource(const char* category, const std::string& name,
@@ -70,7 +55,7 @@ QPDFObjectHandle ResourceReader::FindResource(const char* category, const std::s
 ColorSpace::Pointer ResourceReader::FindColorSpace(const std::string& name, std::string& problem)
 {
     ColorSpace::Pointer space;
-    Guard(problem, [&] {
+    GuardLookUp(problem, [&] {
         const SourceFile::Access access(document.GetFile());
         if (name == "Pattern") {
             space = ColorSpace::Pattern();
@@ -78,14 +63,17 @@ ColorSpace::Pointer ResourceReader::FindColorSpace(const std::string& name, std:
             space = FindDefault(name, problem);
         } else {
             QPDFObjectHandle definition = FindResource("/ColorSpace", name, problem);
-            const std::string alias = GetNameText(definition);
-            if (FindDeviceSpace(alias))
-                space = FindDefault(alias, problem);
-            else if (!definition.isNull())
-                space = document.GetColorSpace(definition, problem);
+            if (!definition.isNull())
+                space = ResolveColorSpace(definition, problem);
         }
     });
     return space;
+}
+
+ColorSpace::Pointer ResourceReader::ResolveColorSpace(QPDFObjectHandle definition, std::string& problem)
+{
+    const std::string alias = GetNameText(definition);
+    return FindDeviceSpace(alias) ? FindDefault(alias, problem) : document.GetColorSpace(definition, problem);
 }
 
 ColorSpace::Pointer ResourceReader::FindDefault(const std::string& deviceName, std::string& problem)
@@ -130,7 +118,7 @@ OrvSys::PdfObject ResourceReader::ConvertState(QPDFObjectHandle dictionary)
 OrvSys::PdfObject ResourceReader::FindGraphicsState(const std::string& name, std::string& problem)
 {
     OrvSys::PdfObject state;
-    Guard(problem, [&] {
+    GuardLookUp(problem, [&] {
         const SourceFile::Access access(document.GetFile());
         QPDFObjectHandle dictionary = FindResource("/ExtGState", name, problem);
         if (dictionary.isDictionary())
@@ -145,7 +133,7 @@ boost::optional<ContentResources::PropertyList> ResourceReader::FindPropertyList
                                                                                  std::string& problem)
 {
     boost::optional<PropertyList> list;
-    Guard(problem, [&] {
+    GuardLookUp(problem, [&] {
         const SourceFile::Access access(document.GetFile());
         QPDFObjectHandle dictionary = FindResource("/Properties", name, problem);
         if (dictionary.isNull())
@@ -170,7 +158,7 @@ boost::optional<ContentResources::PropertyList> ResourceReader::FindPropertyList
 ContentResources::XObject ResourceReader::FindXObject(const std::string& name, std::string& problem)
 {
     XObject found;
-    Guard(problem, [&] {
+    GuardLookUp(problem, [&] {
         const SourceFile::Access access(document.GetFile());
         QPDFObjectHandle stream = FindResource("/XObject", name, problem);
         const std::string kind = GetNameText(GetEntry(stream, "/Subtype"));

@@ -11,7 +11,8 @@ namespace OrvPdf
 {
 
 /// The resources of one content stream in the file that it comes from. Each look-up takes access to the file
-/// for itself. A colour space or property list that is read only in part is given together with a problem.
+/// for itself. A colour space, a pattern or a property list that is read only in part is given together with
+/// a problem.
 class ResourceReader : public ContentResources
 {
 public:
@@ -22,6 +23,9 @@ public:
 
     OrvColor::ColorSpace::Pointer FindColorSpace(const std::string& name, std::string& problem) override;
     OrvSys::PdfObject FindGraphicsState(const std::string& name, std::string& problem) override;
+    std::shared_ptr<const Pattern> FindPattern(const std::string& name, std::string& problem) override;
+    std::shared_ptr<const ShadingResource> FindShading(const std::string& name,
+                                                       std::string& problem) override;
     boost::optional<PropertyList> FindPropertyList(const std::string& name, std::string& problem) override;
     XObject FindXObject(const std::string& name, std::string& problem) override;
     std::shared_ptr<MaskDefinition> FindMask(const std::string& state, std::string& problem) override;
@@ -29,6 +33,10 @@ public:
 private:
     QPDFObjectHandle FindResource(const char* category, const std::string& name, std::string& problem) const;
     OrvSys::PdfObject ConvertState(QPDFObjectHandle dictionary);
+    OrvColor::ColorSpace::Pointer ResolveColorSpace(QPDFObjectHandle definition, std::string& problem);
+    std::shared_ptr<const ShadingResource> ReadShading(QPDFObjectHandle definition, QPDFObjGen owner,
+                                                       std::string& problem);
+    std::shared_ptr<const Pattern> ReadShadingPattern(QPDFObjectHandle dictionary, std::string& problem);
     OrvColor::ColorSpace::Pointer FindDefault(const std::string& deviceName, std::string& problem);
 
     DocumentResources& document;

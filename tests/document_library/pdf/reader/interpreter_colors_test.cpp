@@ -142,12 +142,12 @@ TEST(InterpreterColors, AMissingSpaceLeavesObjectsWithoutPaint)
     EXPECT_TRUE(reading.result.hasUnmodelled);
 }
 
-TEST(InterpreterColors, PatternsAreTold)
+TEST(InterpreterColors, APatternThatIsNotFoundIsToldAndLeavesNoPaint)
 {
     Reading reading;
     reading.Read("/Pattern cs /P1 scn" + fill);
     EXPECT_EQ(Tree(reading), "path {M 0 0}");
-    EXPECT_THAT(reading.result.errors, ElementsAre("operator scn: patterns are not modelled (P1), byte 12"));
+    EXPECT_THAT(reading.result.errors, ElementsAre("operator scn: pattern /P1: it is missing, byte 12"));
     EXPECT_TRUE(reading.result.hasUnmodelled);
 }
 

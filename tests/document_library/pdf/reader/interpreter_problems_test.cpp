@@ -39,7 +39,7 @@ TEST(InterpreterProblems, OperatorsWithoutAPlaceInTheModelAreCounted)
                             "operator ET: text is not modelled, byte 17",
                             "operator Do: resource /Im1: it is missing, byte 20 and 1 more",
                             "operator Do: resource /Im2: it is missing, byte 36",
-                            "operator sh: shadings are not modelled (Sh1), byte 44"));
+                            "operator sh: shading /Sh1: it is missing, byte 44"));
 }
 
 TEST(InterpreterProblems, InlineImagesAreTold)

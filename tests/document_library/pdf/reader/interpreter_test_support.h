@@ -40,6 +40,8 @@ public:
         {"DeviceCMYK", OrvColor::ColorSpace::DeviceCMYK()},
         {"Pattern", OrvColor::ColorSpace::Pattern()}};
     std::map<std::string, OrvSys::PdfObject> states;
+    std::map<std::string, std::shared_ptr<const Pattern>> patterns;
+    std::map<std::string, std::shared_ptr<const ShadingResource>> shadings;
     std::map<std::string, PropertyList> lists;
     std::map<std::string, XObject> xObjects;
     std::map<std::string, std::shared_ptr<MaskDefinition>> masks;
@@ -55,6 +57,16 @@ public:
     OrvSys::PdfObject FindGraphicsState(const std::string& name, std::string& problem) override
     {
         return Find(states, name, problem);
+    }
+
+    std::shared_ptr<const Pattern> FindPattern(const std::string& name, std::string& problem) override
+    {
+        return Find(patterns, name, problem);
+    }
+
+    std::shared_ptr<const ShadingResource> FindShading(const std::string& name, std::string& problem) override
+    {
+        return Find(shadings, name, problem);
     }
 
     boost::optional<PropertyList> FindPropertyList(const std::string& name, std::string& problem) override
@@ -96,13 +108,15 @@ struct Reading
     std::unique_ptr<OrvDoc::Document> document = OrvDoc::Document::CreateNew();
     FakeResources resources;
     OrvDoc::ReadOptions::Limits limits;
+    /// What is seen of the content.
+    Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> box{0.0, 0.0, 100000.0, 50000.0};
     std::unique_ptr<OrvDoc::Content> content;
     Interpretation result;
 
     void Read(std::string_view stream)
     {
         content = std::make_unique<OrvDoc::Content>(*document, OrvDoc::Content::Type::PageContent);
-        result = InterpretContent(stream, resources, limits, *content);
+        result = InterpretContent(stream, resources, limits, *content, nullptr, box);
     }
 
     /// A layer of the document, as a property list of that resource name.

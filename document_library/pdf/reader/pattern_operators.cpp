@@ -1,0 +1,122 @@
+#include <cmath>
+
+#include <orv_doc/path.h>
+#include <plexa/geometry.h>
+
+#include "pdf/reader/inherited_parameters.h"
+#include "pdf/reader/interpreter.h"
+#include "pdf/reader/shading_resource.h"
+
+namespace OrvPdf
+{
+
+namespace
+{
+
+bool IsFinite(const Matrix& matrix)
+{
+    return std::isfinite(matrix.a) && std::isfinite(matrix.b) && std::isfinite(matrix.c) &&
+           std::isfinite(matrix.d) && std::isfinite(matrix.x.value) && std::isfinite(matrix.y.value);
+}
+
+} // namespace
+
+void Interpreter::SetPattern(PaintSetting& setting, const Arguments& arguments)
+{
+    const std::string_view operatorText = arguments.OperatorText();
+    const std::string_view name = arguments[arguments.Count() - 1].Text();
+    // The space may be the one from around the form.
+    MarkUsed(&setting == &state.fill ? Inherited::fillColor : Inherited::strokeColor);
+    TakeColor(setting);
+    setting.color = nullptr;
+    setting.pattern = nullptr;
+    setting.paint = nullptr;
+    if (!setting.patternSpace) {
+        problems.Unmodelled(operatorText, "a pattern while the colour space is not Pattern", name,
+                            arguments.Place());
+        return;
+    }
+    const auto& found = patterns.Get(name, [this](const std::string& key, std::string& problem) {
+        return resources.FindPattern(key, problem);
+    });
+    if (!found.value || !found.problem.empty()) {
+        problems.Unmodelled(operatorText, "pattern /" + Readable(name) + ": " + found.problem, {},
+                            arguments.Place());
+    }
+    setting.pattern = found.value;
+}
+
+std::shared_ptr<const OrvPaint::Paint> Interpreter::MakePatternPaint(const PaintSetting& setting)
+{
+    const bool isFill = &setting == &state.fill;
+    if ((state.inherited & (isFill ? Inherited::fillColor : Inherited::strokeColor)) != 0) {
+        // Its matrix leads to the content around, whose coordinates are not known here.
+        problems.Unmodelled({}, "a form that is painted in the pattern around it", {}, {});
+        return nullptr;
+    }
+    ShadingUse use;
+    use.transformation = setting.pattern->matrix;
+    use.overprint = setting.overprint;
+    use.nonzeroOverprint = state.nonzeroOverprint;
+    return setting.pattern->shading->GetPaint(use);
+}
+
+/// From the coordinates that objects are placed in now to those of the content.
+Matrix Interpreter::GetBaseMatrix() const
+{
+    Matrix matrix;
+    for (const Base& base : bases) {
+        matrix = Plexa::Concatenate(base.transformation, matrix);
+    }
+    return matrix;
+}
+
+std::shared_ptr<const Plexa::Compound> Interpreter::MakeBoxOutline()
+{
+    if (!boxOutline) {
+        boxOutline = Plexa::GetRectangleCompound(box);
+    }
+    if (bases.empty()) {
+        return boxOutline;
+    }
+    // Under a group without inverse nothing is seen, wherever the outline is.
+    const auto inverse = Plexa::Inverse(GetBaseMatrix());
+    return inverse ? *inverse * boxOutline : boxOutline;
+}
+
+void Interpreter::PaintShading(const Arguments& arguments)
+{
+    const std::string_view name = arguments[0].Text();
+    const auto& found = shadings.Get(name, [this](const std::string& key, std::string& problem) {
+        return resources.FindShading(key, problem);
+    });
+    if (!found.value || !found.problem.empty()) {
+        problems.Unmodelled("sh", "shading /" + Readable(name) + ": " + found.problem, {}, arguments.Place());
+    }
+    if (!found.value) {
+        return;
+    }
+    if (box.isInitial) {
+        problems.Unmodelled("sh", "the content has no box that could be filled", name, arguments.Place());
+        return;
+    }
+    ShadingUse use;
+    use.transformation = Plexa::Concatenate(state.matrix, GetBaseMatrix());
+    if (!IsFinite(use.transformation)) {
+        problems.Unmodelled("sh", "the matrix goes beyond all numbers", name, arguments.Place());
+        return;
+    }
+    use.paintsBackground = false;
+    use.overprint = state.fill.overprint;
+    use.nonzeroOverprint = state.nonzeroOverprint;
+    auto object = std::make_unique<OrvDoc::Path>(MakeBoxOutline());
+    object->SetFillPaint(found.value->GetPaint(use));
+    MarkUsed(Inherited::fillOverprint | Inherited::overprintMode | Inherited::painting);
+    NotePainting();
+    object->SetHalftoneSet(state.halftones);
+    SetBlending(*object, ObjectAttributes());
+    ownClipsLeft = 0;
+    tree.Place(std::move(object));
+}
+
+} // namespace OrvPdf

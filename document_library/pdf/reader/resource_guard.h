@@ -1,0 +1,29 @@
+#pragma once
+
+#include <exception>
+#include <new>
+#include <string>
+
+#include <qpdf/QPDFExc.hh>
+
+#include "pdf/reader/qpdf_text.h"
+
+namespace OrvPdf
+{
+
+/// Runs what may throw for what the file holds; the reason becomes the problem.
+template <typename Function>
+void GuardLookUp(std::string& problem, Function function)
+{
+    try {
+        function();
+    } catch (const QPDFExc& failure) {
+        problem = DescribeProblem(failure);
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& failure) {
+        problem = failure.what();
+    }
+}
+
+} // namespace OrvPdf
