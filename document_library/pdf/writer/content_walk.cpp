@@ -202,6 +202,7 @@ void ContentWalk::WriteContainers()
 void ContentWalk::Finish()
 {
     result.colorSpaces = colors.GetSpaces();
+    result.patterns = patterns.TakeAll();
     result.graphicsStates = states.GetExtGStates();
     result.layers = memberships.TakeAll();
     result.propertyLists = propertyLists.TakeAll();

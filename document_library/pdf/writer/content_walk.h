@@ -54,7 +54,11 @@ class ContentWalk : private OrvDoc::ConstVisitorBase
 {
 public:
     ContentWalk(WrittenContent& givenResult, SeparationSpaces& separations, ContentStart start)
-        : result(givenResult), out(givenResult.bytes), states(givenResult.bytes, start), colors(separations)
+        : result(givenResult),
+          out(givenResult.bytes),
+          states(givenResult.bytes, start),
+          colors(separations),
+          patterns(separations)
     {}
 
     void Write(const OrvDoc::Content& content);
@@ -115,6 +119,8 @@ private:
     void WriteContainers();
 
     // Paths.
+    const PaintSettings* FindSettings(const std::shared_ptr<const OrvPaint::Paint>& paint,
+                                      const char*& problem);
     const PaintSettings* GetSettings(KnownPaint& known, const std::shared_ptr<const OrvPaint::Paint>& paint,
                                      const OrvDoc::Path& path, const char* unwritten);
 
@@ -135,6 +141,7 @@ private:
     std::string& out;
     GraphicsStateWriter states;
     PaintColors colors;
+    PaintPatterns patterns;
     MembershipIndex memberships;
     PropertyListIndex propertyLists;
     std::vector<Container> containers;

@@ -13,6 +13,22 @@ namespace OrvPdf
 using OrvDoc::ContentObject;
 using OrvDoc::Path;
 
+const PaintSettings* ContentWalk::FindSettings(const std::shared_ptr<const OrvPaint::Paint>& paint,
+                                               const char*& problem)
+{
+    using Type = OrvPaint::Paint::Type;
+    switch (paint->GetType()) {
+    case Type::Flat:
+        return colors.Find(static_cast<const OrvPaint::FlatPaint&>(*paint), problem);
+    case Type::AxialShading:
+    case Type::RadialShading:
+    case Type::OtherShading:
+        return patterns.FindShading(paint, problem);
+    default:
+        return nullptr;
+    }
+}
+
 const PaintSettings* ContentWalk::GetSettings(KnownPaint& known,
                                               const std::shared_ptr<const OrvPaint::Paint>& paint,
                                               const Path& path, const char* unwritten)
@@ -23,10 +39,7 @@ const PaintSettings* ContentWalk::GetSettings(KnownPaint& known,
     if (known.paint != paint.get()) {
         known = KnownPaint();
         const char* problem = unwritten;
-        const PaintSettings* const found =
-            paint->GetType() == OrvPaint::Paint::Type::Flat
-                ? colors.Find(static_cast<const OrvPaint::FlatPaint&>(*paint), problem)
-                : nullptr;
+        const PaintSettings* const found = FindSettings(paint, problem);
         if (!found) {
             Refuse(path, problem);
             return nullptr;
@@ -66,10 +79,10 @@ bool ContentWalk::Visit(const Path& path)
     if (!MakePath(path)) {
         return false;
     }
-    const PaintSettings* fillSettings =
-        GetSettings(fill, path.GetFillPaint(), path, "fills that are not flat are not written yet");
-    const PaintSettings* strokeSettings =
-        GetSettings(stroke, path.GetStrokePaint(), path, "strokes that are not flat are not written yet");
+    const PaintSettings* fillSettings = GetSettings(
+        fill, path.GetFillPaint(), path, "fills with tiling patterns and forms are not written yet");
+    const PaintSettings* strokeSettings = GetSettings(
+        stroke, path.GetStrokePaint(), path, "strokes with tiling patterns and forms are not written yet");
     PaintSettings changed;
     if (fillSettings && strokeSettings && fillSettings->DependsOnMode() && strokeSettings->DependsOnMode() &&
         fillSettings->nonzeroOverprint != strokeSettings->nonzeroOverprint) {

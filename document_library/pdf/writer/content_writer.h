@@ -9,6 +9,7 @@
 
 #include "pdf/writer/graphics_state_writer.h"
 #include "pdf/writer/nested_reference.h"
+#include "pdf/writer/paint_patterns.h"
 #include "pdf/writer/writing_problems.h"
 
 namespace OrvDoc
@@ -29,6 +30,7 @@ struct WrittenContent
     ContentStart start = ContentStart::Page;
     std::string bytes;
     std::vector<OrvColor::ColorSpace::Pointer> colorSpaces; ///< `cs`
+    std::vector<WrittenPattern> patterns;                   ///< `p`
     std::vector<ExtGState> graphicsStates;                  ///< `gs`
     /// `tr`, without an index.
     boost::optional<OrvDoc::TransferFunctionSet> transferFunctions;

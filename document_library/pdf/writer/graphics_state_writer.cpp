@@ -119,7 +119,7 @@ void GraphicsStateWriter::SetStrokeColor(const PaintColor& color)
 void GraphicsStateWriter::SetColor(PaintColor& current, const PaintColor& color, bool isStroke)
 {
     const bool isSameSpace = current.space == color.space;
-    if (isSameSpace &&
+    if (isSameSpace && current.pattern == color.pattern &&
         std::equal(current.components.begin(), current.components.end(), color.components.begin(),
                    color.components.end(), [](float left, float right) {
                        return left == right && std::signbit(left) == std::signbit(right);
@@ -128,13 +128,21 @@ void GraphicsStateWriter::SetColor(PaintColor& current, const PaintColor& color,
     }
     const ColorOperators& operators = isStroke ? strokeOperators : fillOperators;
     const bool isDevice = color.space < PaintColor::firstNamed;
-    if (!isDevice && !isSameSpace) {
+    if (color.space == PaintColor::patterns && !isSameSpace) {
+        out.append("/Pattern");
+        out.append(operators.space);
+    } else if (!isDevice && !isSameSpace) {
         out.append("/cs");
         out.append(std::to_string(color.space - PaintColor::firstNamed));
         out.append(operators.space);
     }
     for (const float component : color.components) {
         AppendFloat(out, component);
+        out.push_back(' ');
+    }
+    if (color.pattern != 0) {
+        out.append("/p");
+        out.append(std::to_string(color.pattern - 1));
         out.push_back(' ');
     }
     out.append(isDevice ? operators.device[color.space] : operators.color);

@@ -25,10 +25,14 @@ struct PaintColor
     static constexpr std::uint32_t firstNamed = 3;
     /// Of a colour in force that nobody knows.
     static constexpr std::uint32_t unknown = ~std::uint32_t{0};
+    /// The colour space `Pattern` by its name.
+    static constexpr std::uint32_t patterns = unknown - 1;
 
-    /// One of the device spaces above, or `firstNamed` plus the index of a space in the resources.
+    /// One of the spaces above, or `firstNamed` plus the index of a space in the resources.
     std::uint32_t space = gray;
     Components components = {0.0f};
+    /// The index of a pattern in the resources plus one; 0 for a colour without one.
+    std::uint32_t pattern = 0;
 };
 
 /// A flat paint as the graphics state says it.

@@ -59,11 +59,25 @@ QPDFObjectHandle ResourcesWriter::MakeColorSpaces(const WrittenContent& content)
     return spaces;
 }
 
+QPDFObjectHandle ResourcesWriter::MakePatterns(const WrittenContent& content)
+{
+    QPDFObjectHandle patterns = QPDFObjectHandle::newDictionary();
+    for (std::size_t index = 0; index < content.patterns.size(); ++index) {
+        const WrittenPattern& pattern = content.patterns[index];
+        NoteSeparations(pattern.shading->space.get());
+        patterns.replaceKey("/p" + std::to_string(index), shadings.GetPattern(pattern));
+    }
+    return patterns;
+}
+
 QPDFObjectHandle ResourcesWriter::Make(const WrittenContent& content, QPDFObjectHandle before)
 {
     QPDFObjectHandle resources =
         before.isDictionary() ? before.shallowCopy() : QPDFObjectHandle::newDictionary();
     ReplaceCategory(resources, "/ColorSpace", MakeColorSpaces(content));
+    ReplaceCategory(resources, "/Pattern", MakePatterns(content));
+    // The operator that names shadings is not written.
+    resources.removeKey("/Shading");
     ReplaceCategory(
         resources, "/ExtGState",
         MakeExtGStates(content.graphicsStates, content.transferFunctions, content.start, maker, nested));

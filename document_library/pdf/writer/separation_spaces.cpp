@@ -170,6 +170,22 @@ ColorSpace::Pointer SeparationSpaces::Get(const std::vector<std::string>& names)
     return space;
 }
 
+ColorSpace::Pointer SeparationSpaces::GetWithBlanks(const std::vector<std::string>& names)
+{
+    std::vector<std::string> stated;
+    std::vector<std::string> withNone = names;
+    for (std::string& name : withNone) {
+        if (name.empty()) {
+            name = "None";
+        } else {
+            stated.push_back(name);
+        }
+    }
+    // What no space can name is found out here.
+    const ColorSpace::Pointer space = stated.empty() ? MakeNone() : Get(stated);
+    return stated.size() == names.size() || names.size() == 1 ? space : MakeSeveral(withNone);
+}
+
 ColorSpace::Pointer SeparationSpaces::MakeAll()
 {
     return ColorSpace::Separation("All", ColorSpace::DeviceCMYK(),
@@ -222,6 +238,10 @@ ColorSpace::Pointer SeparationSpaces::MakeSeveral(const std::vector<std::string>
     for (const std::string& name : names) {
         const OrvDoc::Separation::Entry* const entry = Find(name);
         const bool isKnown = entry && entry->GetAlternate().GetKind() != Representation::Kind::None;
+        if (name == "None") {
+            inks.push_back({0, 0, 0, 0});
+            continue;
+        }
         inks.push_back(isKnown ? ToCmyk(entry->GetAlternate()) : ProcessInk(name));
     }
     const PdfObject dictionary = PdfObject::Dictionary({{"FunctionType", PdfObject::Integer(4)},

@@ -23,6 +23,9 @@ public:
     /// black. Throws `std::invalid_argument` for names that make no colour space.
     OrvColor::ColorSpace::Pointer Get(const std::vector<std::string>& names);
 
+    /// The same where an empty name stands for a component of no ink.
+    OrvColor::ColorSpace::Pointer GetWithBlanks(const std::vector<std::string>& names);
+
     /// `Separation` of all separations, seen as black.
     static OrvColor::ColorSpace::Pointer MakeAll();
     /// `Separation` of no ink at all.
@@ -31,6 +34,7 @@ public:
 private:
     const OrvDoc::Separation::Entry* Find(const std::string& name) const;
     OrvColor::ColorSpace::Pointer MakeSingle(const std::string& name) const;
+    /// The name `None` stands for no ink.
     OrvColor::ColorSpace::Pointer MakeSeveral(const std::vector<std::string>& names) const;
 
     std::unordered_map<std::string, const OrvDoc::Separation::Entry*> entries;

@@ -113,5 +113,26 @@ TEST(SeparationSpaces, RefusesNamesThatMeanSomethingElse)
     EXPECT_THROW(spaces.Get({std::string("a\0b", 3)}), std::invalid_argument);
 }
 
+TEST(SeparationSpaces, ABlankComponentIsNoInkAndLooksLikeNone)
+{
+    SeparationSpaces spaces({});
+    const auto space = spaces.GetWithBlanks({"Magenta", "", "Cyan"});
+    EXPECT_THAT(space->GetColorantNames(), ElementsAre("Magenta", "None", "Cyan"));
+    EXPECT_THAT(Looks(*space, {0.25, 1.0, 0.5}), ElementsAre(0.5, 0.25, 0.0, 0.0));
+}
+
+TEST(SeparationSpaces, NothingButABlankComponentIsTheSeparationNone)
+{
+    SeparationSpaces spaces({});
+    EXPECT_THAT(spaces.GetWithBlanks({""})->GetColorantNames(), ElementsAre("None"));
+}
+
+TEST(SeparationSpaces, ABlankComponentHasNoNameOfItsOwn)
+{
+    SeparationSpaces spaces({});
+    EXPECT_THROW(spaces.GetWithBlanks({"None", ""}), std::invalid_argument);
+    EXPECT_EQ(*spaces.GetWithBlanks({"Gold", "Cyan"}), *spaces.Get({"Gold", "Cyan"}));
+}
+
 } // namespace
 } // namespace OrvPdf
