@@ -1,5 +1,6 @@
 #include "support/random_objects.h"
 
+#include "support/random_shadings.h"
 #include "support/random_states.h"
 
 #include <orv_color/gen_color_profiles.h>
@@ -55,24 +56,6 @@ std::shared_ptr<const Plexa::Compound> RandomCompound(Random& random)
     return builder.Finish(random() % 2 == 0 ? Plexa::WindingRule::NonZero : Plexa::WindingRule::EvenOdd);
 }
 
-Matrix RandomMatrix(Random& random)
-{
-    const auto number = [&random] {
-        return static_cast<double>(static_cast<int>(random() % 4001) - 2000) / 997.0;
-    };
-    switch (random() % 6) {
-    case 0:
-        return Matrix(0.1, 0.0, 0.0, 0.1, 0.0, 0.0);
-    case 1:
-        return Matrix(1.0, 0.0, 0.0, 1.0, RandomCoordinate(random), RandomCoordinate(random));
-    case 2:
-        return Matrix(number(), number(), number(), number(), RandomCoordinate(random),
-                      RandomCoordinate(random));
-    default:
-        return Matrix();
-    }
-}
-
 OrvDoc::StrokeProperties RandomStroke(Random& random)
 {
     OrvDoc::StrokeProperties stroke;
@@ -105,35 +88,6 @@ PdfObject TintFunction(std::size_t inputs)
                                {"Domain", PdfObject::Array(std::move(domain))},
                                {"Range", PdfObject::Array({zero, one, zero, one, zero, one, zero, one})}}),
         program + " 0 0.5 1 0 }");
-}
-
-ColorSpace::Pointer RandomSpace(Random& random)
-{
-    const OrvColor::GenColorProfiles& profiles = OrvColor::GenColorProfiles::Instance();
-    switch (random() % 10) {
-    case 0:
-        return ColorSpace::DeviceGray();
-    case 1:
-        return ColorSpace::DeviceRGB();
-    case 2:
-        return ColorSpace::DeviceCMYK();
-    case 3:
-        return ColorSpace::CalGray({0.9505, 1.0, 1.089}, 2.2);
-    case 4:
-        return ColorSpace::CalRGB({0.9505, 1.0, 1.089});
-    case 5:
-        return ColorSpace::Lab({0.9642, 1.0, 0.8249});
-    case 6:
-        return ColorSpace::ICCBased(random() % 2 == 0 ? profiles.GetDefaultRgbProfile(true)
-                                                      : profiles.GetDefaultCmykProfile(true));
-    case 7:
-        return ColorSpace::Separation("Varnish", ColorSpace::DeviceCMYK(), TintFunction(1));
-    case 8:
-        return ColorSpace::Separation(random() % 2 == 0 ? "All" : "None", ColorSpace::DeviceCMYK(),
-                                      TintFunction(1));
-    default:
-        return ColorSpace::DeviceN({"Cyan", "Gold", "None"}, ColorSpace::DeviceCMYK(), TintFunction(3));
-    }
 }
 
 std::shared_ptr<const OrvPaint::FlatPaint> RandomListPaint(Random& random)
@@ -226,6 +180,17 @@ std::shared_ptr<const OrvDoc::MarkedContent> RandomMark(Random& random, bool isP
     return std::make_shared<const OrvDoc::MarkedContent>(std::move(mark));
 }
 
+/// Any paint.
+std::shared_ptr<const OrvPaint::Paint> RandomPaintOfAnyKind(Random& random)
+{
+    if (random() % 4 != 0) {
+        return RandomPaint(random);
+    }
+    // Some are equal, as they are in files.
+    Random few(random() % 8);
+    return random() % 3 == 0 ? RandomShading(few) : RandomShading(random);
+}
+
 } // namespace
 
 std::string RandomName(Random& random)
@@ -293,6 +258,53 @@ OrvDoc::BlendColorSpace RandomBlendColorSpace(Random& random)
     }
 }
 
+Matrix RandomMatrix(Random& random)
+{
+    const auto number = [&random] {
+        return static_cast<double>(static_cast<int>(random() % 4001) - 2000) / 997.0;
+    };
+    switch (random() % 6) {
+    case 0:
+        return Matrix(0.1, 0.0, 0.0, 0.1, 0.0, 0.0);
+    case 1:
+        return Matrix(1.0, 0.0, 0.0, 1.0, RandomCoordinate(random), RandomCoordinate(random));
+    case 2:
+        return Matrix(number(), number(), number(), number(), RandomCoordinate(random),
+                      RandomCoordinate(random));
+    default:
+        return Matrix();
+    }
+}
+
+ColorSpace::Pointer RandomSpace(Random& random)
+{
+    const OrvColor::GenColorProfiles& profiles = OrvColor::GenColorProfiles::Instance();
+    switch (random() % 10) {
+    case 0:
+        return ColorSpace::DeviceGray();
+    case 1:
+        return ColorSpace::DeviceRGB();
+    case 2:
+        return ColorSpace::DeviceCMYK();
+    case 3:
+        return ColorSpace::CalGray({0.9505, 1.0, 1.089}, 2.2);
+    case 4:
+        return ColorSpace::CalRGB({0.9505, 1.0, 1.089});
+    case 5:
+        return ColorSpace::Lab({0.9642, 1.0, 0.8249});
+    case 6:
+        return ColorSpace::ICCBased(random() % 2 == 0 ? profiles.GetDefaultRgbProfile(true)
+                                                      : profiles.GetDefaultCmykProfile(true));
+    case 7:
+        return ColorSpace::Separation("Varnish", ColorSpace::DeviceCMYK(), TintFunction(1));
+    case 8:
+        return ColorSpace::Separation(random() % 2 == 0 ? "All" : "None", ColorSpace::DeviceCMYK(),
+                                      TintFunction(1));
+    default:
+        return ColorSpace::DeviceN({"Cyan", "Gold", "None"}, ColorSpace::DeviceCMYK(), TintFunction(3));
+    }
+}
+
 std::shared_ptr<const OrvPaint::FlatPaint> RandomPaint(Random& random)
 {
     if (random() % 2 == 0) {
@@ -352,10 +364,10 @@ std::unique_ptr<OrvDoc::ContentObject> MakeLeaf(PlannedKind kind, Random& random
     }
     auto path = RandomPath(random);
     if (random() % 3 != 0) {
-        path->SetFillPaint(RandomPaint(random));
+        path->SetFillPaint(RandomPaintOfAnyKind(random));
     }
     if (random() % 3 == 0) {
-        path->SetStrokePaint(RandomPaint(random));
+        path->SetStrokePaint(RandomPaintOfAnyKind(random));
         path->SetStrokeProperties(RandomStroke(random));
     }
     SetRandomBlending(*path, random);

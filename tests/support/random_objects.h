@@ -2,6 +2,7 @@
 
 #include "support/random_documents.h"
 
+#include <orv_color/color_space.h>
 #include <orv_color/component.h>
 #include <orv_doc/blend_color_space.h>
 #include <orv_doc/content_object.h>
@@ -10,6 +11,7 @@
 #include <orv_paint/flat_paint.h>
 
 #include <plexa/rectangle.h>
+#include <plexa/transformation.h>
 
 #include <memory>
 #include <random>
@@ -27,6 +29,9 @@ OrvColor::Component RandomTint(std::mt19937& random);
 double RandomCoordinate(std::mt19937& random);
 Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> RandomBox(std::mt19937& random);
 OrvDoc::BlendColorSpace RandomBlendColorSpace(std::mt19937& random);
+Plexa::TransformationBase<Plexa::MilliPointCoordinateSystem> RandomMatrix(std::mt19937& random);
+/// A colour space of any family but patterns and indexed colours.
+OrvColor::ColorSpace::Pointer RandomSpace(std::mt19937& random);
 /// Any colour: as a list of separations, or in a colour space of any family.
 std::shared_ptr<const OrvPaint::FlatPaint> RandomPaint(std::mt19937& random);
 
