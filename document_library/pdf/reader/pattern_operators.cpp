@@ -43,6 +43,10 @@ void Interpreter::SetPattern(PaintSetting& setting, const Arguments& arguments)
         problems.Unmodelled(operatorText, "pattern /" + Readable(name) + ": " + found.problem, {},
                             arguments.Place());
     }
+    if (found.value && arguments.Count() > 1) {
+        problems.Odd(operatorText, "numbers in front of a pattern that has colours of its own", name,
+                     arguments.Place());
+    }
     setting.pattern = found.value;
 }
 

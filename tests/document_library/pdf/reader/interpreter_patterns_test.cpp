@@ -144,6 +144,17 @@ TEST(InterpreterPatterns, APatternInAnotherSpaceIsTold)
     EXPECT_TRUE(reading.result.hasUnmodelled);
 }
 
+TEST(InterpreterPatterns, NumbersInFrontOfAShadingPatternAreTold)
+{
+    PatternReading reading;
+    reading.Read("/Pattern cs 0.5 /P scn" + fill);
+    EXPECT_TRUE(reading.PathAt(0).GetFillPaint());
+    EXPECT_FALSE(reading.result.hasUnmodelled);
+    EXPECT_THAT(
+        reading.result.errors,
+        ElementsAre("operator scn: numbers in front of a pattern that has colours of its own (P), byte 12"));
+}
+
 TEST(InterpreterPatterns, AProblemOfAPatternIsToldAndThePatternUsed)
 {
     PatternReading reading;
