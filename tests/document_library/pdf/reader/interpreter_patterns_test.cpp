@@ -1,5 +1,6 @@
 // Shading patterns as colours, and the operator that paints a shading everywhere.
 
+#include <orv_blend/transparency.h>
 #include <orv_paint/axial_shading_paint.h>
 
 #include <gmock/gmock.h>
@@ -233,6 +234,15 @@ TEST(InterpreterShadings, InAGroupWithATransformationTheOutlineIsBroughtIntoTheG
     EXPECT_EQ(ShapeText(*path.DefiningCompound()), "{M -5000 0 L 45000 0 L 45000 25000 L -5000 25000 Z}");
     EXPECT_EQ(dynamic_cast<const ShadingPaint&>(*path.GetFillPaint()).GetTransformation(),
               Matrix(2, 0, 0, 2, 12000, 0));
+}
+
+TEST(InterpreterShadings, TheOperatorPaintsWithTheBlendingInForce)
+{
+    PatternReading reading;
+    reading.resources.states["Half"] = PdfObject::Dictionary({{"ca", PdfObject::Real(0.5)}});
+    reading.Read("/Half gs /S sh");
+    ASSERT_TRUE(reading.PathAt(0).GetTransparency());
+    EXPECT_EQ(reading.PathAt(0).GetTransparency()->fillAlpha, 0.5f);
 }
 
 TEST(InterpreterShadings, WithoutABoxTheOperatorIsTold)

@@ -13,6 +13,7 @@
 #include <orv_doc/path.h>
 #include <orv_paint/axial_shading_paint.h>
 #include <orv_paint/exponential_function.h>
+#include <orv_paint/form_paint.h>
 #include <orv_paint/radial_shading_paint.h>
 #include <orv_paint/whole_shading_paint.h>
 #include <plexa/geometry.h>
@@ -349,6 +350,56 @@ TEST(ShadingReader, PagesThatNameOneShadingShareItsPaint)
     }
     ASSERT_EQ(paints.size(), 2u);
     EXPECT_EQ(paints[0], paints[1]);
+}
+
+/// The objects of the form /F of a page that first does `before`; the form's box is [10 20 30 50].
+struct FormReading
+{
+    FormReading(const std::string& before, const std::string& form)
+        : document(ReaderTests::ReadBytes(PdfFileOfPages(
+              {before + " /F Do"}, "", resources + "/XObject << /F 5 0 R >>",
+              {PdfStream(form, "/Type /XObject /Subtype /Form /BBox [10 20 30 50] /Resources << " +
+                                   resources + " >>")})))
+    {
+        const OrvDoc::PageContent& page = document->GetPagesBegin()->GetContent();
+        const auto* const placed = dynamic_cast<const OrvDoc::Path*>(page.GetChildren().first);
+        if (placed && placed->GetFillPaint()->GetType() == Paint::Type::Form) {
+            const auto& paint = static_cast<const OrvPaint::FormPaint&>(*placed->GetFillPaint());
+            inside = dynamic_cast<const OrvDoc::Path*>(
+                static_cast<const OrvDoc::Content&>(paint.GetContent()).GetChildren().first);
+        }
+        errors = ReaderTests::TextsOf(page.GetActiveErrors());
+    }
+
+    const std::string resources = "/Shading << /S << " + Axial() +
+                                  " >> >> /Pattern << /P << /PatternType 2 /Shading << " + Axial() +
+                                  " >> >> >> ";
+    std::unique_ptr<OrvDoc::Document> document;
+    const OrvDoc::Path* inside = nullptr;
+    std::vector<std::string> errors;
+};
+
+TEST(ShadingReader, InAFormAShadingFillsTheBoxOfTheForm)
+{
+    const FormReading reading("2 0 0 2 0 0 cm", "3 0 0 3 0 0 cm /S sh");
+    EXPECT_THAT(reading.errors, ElementsAre());
+    ASSERT_TRUE(reading.inside);
+    EXPECT_EQ(Plexa::GetBoundingBox(*reading.inside->DefiningCompound()),
+              (Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem>(10000.0, 20000.0, 20000.0, 30000.0)));
+    EXPECT_EQ(
+        dynamic_cast<const OrvPaint::ShadingPaint&>(*reading.inside->GetFillPaint()).GetTransformation(),
+        OrvPdf::Matrix(3, 0, 0, 3, 0.0, 0.0));
+}
+
+TEST(ShadingReader, AFormThatIsPaintedInThePatternAroundItIsTold)
+{
+    const FormReading own("/Pattern cs /P scn", "/Pattern cs /P scn 10 20 5 5 re f");
+    EXPECT_THAT(own.errors, ElementsAre());
+    ASSERT_TRUE(own.inside);
+    EXPECT_TRUE(own.inside->GetFillPaint());
+    const FormReading inherited("/Pattern cs /P scn", "10 20 5 5 re f");
+    ASSERT_EQ(inherited.errors.size(), 1u);
+    EXPECT_THAT(inherited.errors[0], HasSubstr("a form that is painted in the pattern around it"));
 }
 
 } // namespace
