@@ -55,6 +55,8 @@ public:
         Matrix matrix;
         /// What a shading pattern paints.
         std::shared_ptr<const ShadingResource> shading;
+        /// A tiling pattern, which has the matrix itself.
+        std::shared_ptr<TilingDefinition> tiling;
     };
 
     /// Null if there is none. The same object of the file gives the same shading wherever it is named.

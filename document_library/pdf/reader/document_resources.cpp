@@ -70,6 +70,18 @@ std::shared_ptr<PdfForm> DocumentResources::GetForm(QPDFObjectHandle stream, QPD
     return form;
 }
 
+std::shared_ptr<PdfTiling> DocumentResources::GetTiling(QPDFObjectHandle stream, QPDFObjectHandle around)
+{
+    std::shared_ptr<PdfTiling>& tiling = tilings[stream.getObjGen()];
+    if (!tiling) {
+        QPDFObjectHandle other = GetEntry(stream, Tags::sameCellKey);
+        const bool hasSame = other.isStream() && !GetEntry(other, Tags::sameCellKey).isStream();
+        tiling =
+            std::make_shared<PdfTiling>(*this, stream, around, hasSame ? GetTiling(other, around) : nullptr);
+    }
+    return tiling;
+}
+
 std::shared_ptr<PdfMask> DocumentResources::GetMask(QPDFObjectHandle dictionary, QPDFObjectHandle around)
 {
     if (!dictionary.isIndirect()) {

@@ -17,6 +17,7 @@
 #include "pdf/reader/mask_reader.h"
 #include "pdf/reader/object_conversion.h"
 #include "pdf/reader/source_file.h"
+#include "pdf/reader/tiling_reader.h"
 
 namespace OrvDoc
 {
@@ -50,6 +51,8 @@ public:
     /// The form XObject in a stream; the same one for one object. `around` are the resources of the content
     /// that names it.
     std::shared_ptr<PdfForm> GetForm(QPDFObjectHandle stream, QPDFObjectHandle around);
+    /// The tiling pattern in a stream; the same one for one object.
+    std::shared_ptr<PdfTiling> GetTiling(QPDFObjectHandle stream, QPDFObjectHandle around);
     /// The soft mask of a dictionary with a form; the same one for one object.
     std::shared_ptr<PdfMask> GetMask(QPDFObjectHandle dictionary, QPDFObjectHandle around);
     NestedContentLock& GetNestedContents() { return nestedContents; }
@@ -89,6 +92,7 @@ private:
     std::map<int, std::shared_ptr<OrvDoc::LayerProperties>> layers;
     OrvDoc::Document* document = nullptr;
     std::map<QPDFObjGen, std::shared_ptr<PdfForm>> forms;
+    std::map<QPDFObjGen, std::shared_ptr<PdfTiling>> tilings;
     std::map<QPDFObjGen, std::shared_ptr<PdfMask>> masks;
     NestedContentLock nestedContents;
 };

@@ -32,6 +32,8 @@ struct PaintSetting
     std::shared_ptr<const Color> color;
     /// The space of patterns that is current; null for other spaces.
     OrvColor::ColorSpace::Pointer patternSpace;
+    /// The colour that an uncoloured pattern is painted in; null for none.
+    std::shared_ptr<const Color> patternColor;
     /// The current pattern; null for none.
     std::shared_ptr<const ContentResources::Pattern> pattern;
     /// `OP` or `op` of the graphics state (ISO 32000-1, 8.6.7).

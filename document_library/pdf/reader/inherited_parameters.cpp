@@ -6,7 +6,7 @@ namespace OrvPdf
 namespace
 {
 
-bool AreEqual(const std::shared_ptr<const Color>& left, const std::shared_ptr<const Color>& right)
+bool AreEqualColors(const std::shared_ptr<const Color>& left, const std::shared_ptr<const Color>& right)
 {
     if (left == right) {
         return true;
@@ -16,8 +16,8 @@ bool AreEqual(const std::shared_ptr<const Color>& left, const std::shared_ptr<co
 
 bool AreEqual(const PaintSetting& left, const PaintSetting& right)
 {
-    return AreEqual(left.color, right.color) && left.patternSpace == right.patternSpace &&
-           left.pattern == right.pattern;
+    return AreEqualColors(left.color, right.color) && left.patternSpace == right.patternSpace &&
+           left.pattern == right.pattern && AreEqualColors(left.patternColor, right.patternColor);
 }
 
 template <typename Value>
@@ -69,7 +69,7 @@ std::uint32_t FindPeculiar(const GraphicsState& state, std::uint32_t parameters)
 bool Agree(const GraphicsState& left, const GraphicsState& right, std::uint32_t parameters)
 {
     const auto asks = [parameters](std::uint32_t bit) { return (parameters & bit) != 0; };
-    return !asks(Inherited::textState) && !(asks(Inherited::fillColor) && !AreEqual(left.fill, right.fill)) &&
+    return !(asks(Inherited::fillColor) && !AreEqual(left.fill, right.fill)) &&
            !(asks(Inherited::strokeColor) && !AreEqual(left.stroke, right.stroke)) &&
            !(asks(Inherited::fillOverprint) && left.fill.overprint != right.fill.overprint) &&
            !(asks(Inherited::strokeOverprint) && left.stroke.overprint != right.stroke.overprint) &&

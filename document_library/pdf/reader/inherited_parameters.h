@@ -24,15 +24,13 @@ constexpr std::uint32_t dash = 1U << 9;
 constexpr std::uint32_t blending = 1U << 10;
 constexpr std::uint32_t halftones = 1U << 11;
 constexpr std::uint32_t transferFunctions = 1U << 12;
-/// Of text; the model doesn't know it.
-constexpr std::uint32_t textState = 1U << 13;
 
 constexpr std::uint32_t fill = fillColor | fillOverprint | overprintMode;
 constexpr std::uint32_t stroke =
     strokeColor | strokeOverprint | overprintMode | lineWidth | lineCap | lineJoin | miterLimit | dash;
 /// What counts for all that is painted.
 constexpr std::uint32_t painting = blending | halftones | transferFunctions;
-constexpr std::uint32_t all = fill | stroke | painting | textState;
+constexpr std::uint32_t all = fill | stroke | painting;
 } // namespace Inherited
 
 /// The state that the content of a form begins with where the form is painted under `state`, every parameter
@@ -44,8 +42,7 @@ GraphicsState BeginForm(const GraphicsState& state, bool isTransparencyGroup);
 /// halftones and transfer functions are those of the device. A writer sees to it.
 std::uint32_t FindPeculiar(const GraphicsState& state, std::uint32_t parameters);
 
-/// Whether two states agree in those parameters. Text states that were taken over never do, for they are not
-/// known.
+/// Whether two states agree in those parameters.
 bool Agree(const GraphicsState& left, const GraphicsState& right, std::uint32_t parameters);
 
 } // namespace OrvPdf

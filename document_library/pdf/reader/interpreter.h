@@ -213,8 +213,6 @@ private:
     void BeginClip(std::shared_ptr<const Plexa::Compound> compound, const std::string& name, ByteRange place);
 
     // state_operators.cpp
-    /// From the coordinates of the innermost group with a transformation of its own to those of the content.
-    Matrix GetBaseMatrix() const;
     void LeaveScopes(const SavedState& saved);
     bool EnterGroupMatrix(const Matrix& matrix, ByteRange place);
     bool LeaveClipMatrix();
@@ -268,6 +266,8 @@ private:
 
     // pattern_operators.cpp
     void SetPattern(PaintSetting& setting, const Arguments& arguments);
+    bool SetPatternColor(PaintSetting& setting, const Arguments& arguments);
+    std::shared_ptr<const OrvPaint::Paint> MakeTilingPaint(const PaintSetting& setting);
     std::shared_ptr<const OrvPaint::Paint> MakePatternPaint(const PaintSetting& setting);
     Matrix GetBaseMatrix() const;
     std::shared_ptr<const Plexa::Compound> MakeBoxOutline();

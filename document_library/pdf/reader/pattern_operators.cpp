@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include <orv_doc/path.h>
+#include <orv_paint/pattern_paint.h>
 #include <plexa/geometry.h>
 
 #include "pdf/reader/inherited_parameters.h"
@@ -43,11 +44,50 @@ void Interpreter::SetPattern(PaintSetting& setting, const Arguments& arguments)
         problems.Unmodelled(operatorText, "pattern /" + Readable(name) + ": " + found.problem, {},
                             arguments.Place());
     }
-    if (found.value && arguments.Count() > 1) {
+    const bool isUncolored = found.value && found.value->tiling && found.value->tiling->IsUncolored();
+    if (isUncolored && !SetPatternColor(setting, arguments)) {
+        return;
+    }
+    if (found.value && !isUncolored && arguments.Count() > 1) {
         problems.Odd(operatorText, "numbers in front of a pattern that has colours of its own", name,
                      arguments.Place());
     }
     setting.pattern = found.value;
+}
+
+bool Interpreter::SetPatternColor(PaintSetting& setting, const Arguments& arguments)
+{
+    const OrvColor::ColorSpace::Pointer space = setting.patternSpace->GetBase();
+    auto color = std::make_shared<Color>();
+    for (const Operand& operand : arguments.All()) {
+        if (operand.IsNumber()) {
+            color->components.push_back(operand.AsFloat());
+        }
+    }
+    if (!space || color->components.size() != space->GetComponentCount()) {
+        problems.Unmodelled(arguments.OperatorText(), "a pattern without the colour that it is painted in",
+                            arguments[arguments.Count() - 1].Text(), arguments.Place());
+        return false;
+    }
+    color->space = space;
+    setting.patternColor = std::move(color);
+    return true;
+}
+
+std::shared_ptr<const OrvPaint::Paint> Interpreter::MakeTilingPaint(const PaintSetting& setting)
+{
+    TilingDefinition& tiling = *setting.pattern->tiling;
+    const std::shared_ptr<const OrvPaint::FlatPaint> color =
+        tiling.IsUncolored() ? paints.Get(setting.patternColor, setting.overprint, state.nonzeroOverprint)
+                             : nullptr;
+    std::string problem;
+    const std::shared_ptr<const PatternUse> use = tiling.Use(color, problem);
+    if (!use) {
+        problems.Unmodelled({}, "a tiling pattern is left out: " + problem, {}, {});
+        return nullptr;
+    }
+    NoteReading(use->reading);
+    return use->paint;
 }
 
 std::shared_ptr<const OrvPaint::Paint> Interpreter::MakePatternPaint(const PaintSetting& setting)
@@ -57,6 +97,9 @@ std::shared_ptr<const OrvPaint::Paint> Interpreter::MakePatternPaint(const Paint
         // Its matrix leads to the content around, whose coordinates are not known here.
         problems.Unmodelled({}, "a form that is painted in the pattern around it", {}, {});
         return nullptr;
+    }
+    if (setting.pattern->tiling) {
+        return MakeTilingPaint(setting);
     }
     ShadingUse use;
     use.transformation = setting.pattern->matrix;

@@ -182,7 +182,7 @@ ContentResources::XObject ResourceReader::FindXObject(const std::string& name, s
 std::shared_ptr<MaskDefinition> ResourceReader::FindMask(const std::string& state, std::string& problem)
 {
     std::shared_ptr<MaskDefinition> found;
-    Guard(problem, [&] {
+    GuardLookUp(problem, [&] {
         const SourceFile::Access access(document.GetFile());
         QPDFObjectHandle mask = GetEntry(FindResource("/ExtGState", state, problem), "/SMask");
         if (!GetEntry(mask, "/G").isStream()) {

@@ -94,6 +94,13 @@ ResourceReader::ReadShadingPattern(QPDFObjectHandle dictionary, std::string& pro
     return pattern;
 }
 
+std::shared_ptr<const ContentResources::Pattern> ResourceReader::ReadTiling(QPDFObjectHandle stream)
+{
+    auto pattern = std::make_shared<Pattern>();
+    pattern->tiling = document.GetTiling(stream, resources);
+    return pattern;
+}
+
 std::shared_ptr<const ContentResources::Pattern> ResourceReader::FindPattern(const std::string& name,
                                                                              std::string& problem)
 {
@@ -106,8 +113,8 @@ std::shared_ptr<const ContentResources::Pattern> ResourceReader::FindPattern(con
         QPDFObjectHandle type = GetEntry(object, "/PatternType");
         if (object.isDictionary() && type.isInteger() && type.getIntValue() == Shading)
             pattern = ReadShadingPattern(object, problem);
-        else if (type.isInteger() && type.getIntValue() == Tiling)
-            problem = "tiling patterns are not modelled";
+        else if (object.isStream() && type.isInteger() && type.getIntValue() == Tiling)
+            pattern = ReadTiling(object);
         else
             problem = "PatternType: it is no type of pattern";
     });

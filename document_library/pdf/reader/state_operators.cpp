@@ -68,15 +68,6 @@ void Interpreter::LeaveScopes(const SavedState& saved)
     }
 }
 
-Matrix Interpreter::GetBaseMatrix() const
-{
-    Matrix matrix;
-    for (const Base& base : bases) {
-        matrix = Plexa::Concatenate(base.transformation, matrix);
-    }
-    return matrix;
-}
-
 void Interpreter::ConcatMatrix(const Arguments& arguments)
 {
     const Matrix matrix = ToMatrix(arguments);

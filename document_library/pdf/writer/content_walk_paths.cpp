@@ -24,6 +24,8 @@ const PaintSettings* ContentWalk::FindSettings(const std::shared_ptr<const OrvPa
     case Type::RadialShading:
     case Type::OtherShading:
         return patterns.FindShading(paint, problem);
+    case Type::TilingPattern:
+        return patterns.FindTiling(paint, colors, problem);
     default:
         return nullptr;
     }
@@ -79,10 +81,10 @@ bool ContentWalk::Visit(const Path& path)
     if (!MakePath(path)) {
         return false;
     }
-    const PaintSettings* fillSettings = GetSettings(
-        fill, path.GetFillPaint(), path, "fills with tiling patterns and forms are not written yet");
-    const PaintSettings* strokeSettings = GetSettings(
-        stroke, path.GetStrokePaint(), path, "strokes with tiling patterns and forms are not written yet");
+    const PaintSettings* fillSettings =
+        GetSettings(fill, path.GetFillPaint(), path, "fills of unknown kinds cannot be written");
+    const PaintSettings* strokeSettings =
+        GetSettings(stroke, path.GetStrokePaint(), path, "strokes with a form cannot be written");
     PaintSettings changed;
     if (fillSettings && strokeSettings && fillSettings->DependsOnMode() && strokeSettings->DependsOnMode() &&
         fillSettings->nonzeroOverprint != strokeSettings->nonzeroOverprint) {

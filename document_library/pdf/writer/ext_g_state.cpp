@@ -35,7 +35,7 @@ UsedParameters FindUsed(const std::vector<ExtGState>& states, ContentStart start
 {
     const ExtGState initial;
     UsedParameters used;
-    if (start == ContentStart::Nested) {
+    if (start != ContentStart::Page) {
         used.overprint = true;
         used.overprintMode = true;
         used.halftones = true;

@@ -23,8 +23,9 @@ class ObjectMaker;
 /// What the graphics state is when a content begins.
 enum class ContentStart
 {
-    Page,  ///< The initial one (ISO 32000-1, tables 52 and 53).
-    Nested ///< In a form or a pattern: what is in force where it is used, and opaque.
+    Page,     ///< The initial one (ISO 32000-1, tables 52 and 53).
+    Nested,   ///< In a form or a pattern: what is in force where it is used, and opaque.
+    Uncolored ///< In an uncoloured pattern: the same, but for the colour, which nobody asks for.
 };
 
 /// Parameters of the graphics state that content streams set by resource alone (ISO 32000-1, 8.4.5). Begins

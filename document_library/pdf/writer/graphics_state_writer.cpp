@@ -52,6 +52,8 @@ GraphicsStateWriter::GraphicsStateWriter(std::string& output, ContentStart start
     if (start == ContentStart::Nested) {
         level.fill.space = PaintColor::unknown;
         level.stroke.space = PaintColor::unknown;
+    }
+    if (start != ContentStart::Page) {
         level.properties = nullptr;
         level.areParametersKnown = false;
     }

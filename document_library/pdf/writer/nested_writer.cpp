@@ -31,6 +31,12 @@ const char* GetKind(OrvDoc::Content::Type type)
     }
 }
 
+ContentStart GetStart(OrvDoc::Content::Type type)
+{
+    return type == OrvDoc::Content::Type::UncoloredPatternContent ? ContentStart::Uncolored
+                                                                  : ContentStart::Nested;
+}
+
 } // namespace
 
 const NestedSource* NestedWriter::FindSource(const OrvDoc::Content& content) const
@@ -58,8 +64,9 @@ QPDFObjectHandle NestedWriter::AddContent(const std::shared_ptr<const OrvDoc::Co
 void NestedWriter::Write(const Task& task, ResourcesWriter& resources, std::vector<std::string>& texts,
                          const std::string& place)
 {
-    WrittenContent written = task.content ? WriteContent(*task.content, separations, ContentStart::Nested)
-                                          : WriteGroup(*task.group, separations);
+    WrittenContent written = task.content
+                                 ? WriteContent(*task.content, separations, GetStart(task.content->GetType()))
+                                 : WriteGroup(*task.group, separations);
     const NestedSource* const source = task.content ? FindSource(*task.content) : nullptr;
     if (source && source->hasUnmodelled) {
         written.problems.Add("the content was changed and is written without what was not read of it");

@@ -28,6 +28,11 @@ class Content;
 class Document;
 } // namespace OrvDoc
 
+namespace OrvPaint
+{
+class PatternPaint;
+}
+
 namespace OrvPdf
 {
 
@@ -60,6 +65,9 @@ public:
     /// The dictionary of a soft mask for those who set it under a matrix that leads to the content's
     /// coordinates.
     QPDFObjectHandle GetMask(const std::shared_ptr<const OrvBlend::SoftMask>& mask, const Matrix& matrix);
+
+    /// The object of a tiling pattern.
+    QPDFObjectHandle GetTiling(const std::shared_ptr<const OrvPaint::PatternPaint>& paint);
 
     /// Writes what was asked for since the last call, and what that asks for. `place` is where it is used:
     /// "page 3". Returns the texts of the active errors.
@@ -102,6 +110,17 @@ private:
     QPDFObjectHandle MakeMaskForm(const OrvBlend::SoftMask& mask, const Matrix& matrix);
     void SetBackdrop(QPDFObjectHandle dictionary, QPDFObjectHandle form, const OrvBlend::SoftMask& mask);
 
+    // nested_tilings.cpp
+    QPDFObjectHandle MakeTiling(const OrvPaint::PatternPaint& paint);
+    void SetTilingProperties(QPDFObjectHandle dictionary, const OrvPaint::PatternPaint& paint);
+
+    /// Patterns that differ in their colour alone are one object, which each of them paints in its own.
+    struct TilingObject
+    {
+        QPDFObjectHandle object;
+        std::vector<std::shared_ptr<const OrvPaint::PatternPaint>> paints;
+    };
+
     const OrvDoc::Document& document;
     ObjectMaker& maker;
     SeparationSpaces& separations;
@@ -115,6 +134,8 @@ private:
         QPDFObjectHandle dictionary;
     };
     std::map<std::shared_ptr<const OrvBlend::SoftMask>, std::vector<KnownMask>> masks;
+    std::map<std::shared_ptr<const OrvPaint::PatternPaint>, QPDFObjectHandle> tilings;
+    std::map<const OrvDoc::Content*, std::vector<TilingObject>> tilingObjects;
     std::vector<Task> tasks;
     /// So that no address is that of another paint before the end.
     std::vector<FormReference> references;

@@ -121,6 +121,15 @@ PaintSettings PaintColors::WithoutMode(const PaintSettings& given)
     return changed;
 }
 
+void PaintColors::MoveToPatterns(PaintColor& color)
+{
+    ColorSpace::Pointer& space = patternSpaces[color.space];
+    if (!space) {
+        space = ColorSpace::Pattern(GetSpace(color));
+    }
+    color.space = GetSpaceNumber(space);
+}
+
 ColorSpace::Pointer PaintColors::GetSpace(const PaintColor& color) const
 {
     switch (color.space) {

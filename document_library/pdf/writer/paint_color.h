@@ -60,6 +60,9 @@ public:
     /// The same colour of the process inks in a space where no overprint mode counts.
     PaintSettings WithoutMode(const PaintSettings& given);
 
+    /// Makes a colour that of an uncoloured pattern: in the space of patterns with that colour's space below.
+    void MoveToPatterns(PaintColor& color);
+
     /// The space of a colour that these settings have.
     OrvColor::ColorSpace::Pointer GetSpace(const PaintColor& color) const;
 
@@ -73,6 +76,8 @@ private:
 
     SeparationSpaces& separationSpaces;
     std::vector<OrvColor::ColorSpace::Pointer> spaces;
+    /// With an underlying space each, by the number of that.
+    std::unordered_map<std::uint32_t, OrvColor::ColorSpace::Pointer> patternSpaces;
     std::unordered_map<const OrvColor::ColorSpace*, std::uint32_t> numbers;
     std::unordered_multimap<std::uint64_t, std::uint32_t> numbersOfDigests;
     PaintSettings settings;

@@ -1,5 +1,8 @@
 #include "pdf/writer/paint_patterns.h"
 
+#include <orv_paint/flat_paint.h>
+#include <orv_paint/pattern_paint.h>
+
 #include "pdf/writer/content_text.h"
 
 namespace OrvPdf
@@ -27,6 +30,35 @@ const PaintSettings* PaintPatterns::FindShading(const std::shared_ptr<const OrvP
     settings.color.pattern = known->second;
     settings.overprint = shading.GetSeparationMapping().overprint;
     settings.nonzeroOverprint = shading.IsNonzeroOverprint();
+    return &settings;
+}
+
+const PaintSettings* PaintPatterns::FindTiling(const std::shared_ptr<const OrvPaint::Paint>& paint,
+                                               PaintColors& colors, const char*& problem)
+{
+    const auto& tiling = static_cast<const OrvPaint::PatternPaint&>(*paint);
+    if (!IsFinite(tiling.GetTransformation())) {
+        problem = "tiling patterns with infinite numbers in their matrix cannot be written";
+        return nullptr;
+    }
+    settings = PaintSettings();
+    settings.color.space = PaintColor::patterns;
+    settings.color.components.clear();
+    if (const auto& color = tiling.GetColor()) {
+        const auto native =
+            tiling.GetNativeColor() ? tiling.GetNativeColor() : OrvPaint::GetFlatPaint(*color, nullptr);
+        const PaintSettings* const found = colors.Find(*native, problem);
+        if (!found) {
+            return nullptr;
+        }
+        settings = *found;
+        colors.MoveToPatterns(settings.color);
+    }
+    const auto [known, isNew] = numbers.emplace(paint.get(), static_cast<std::uint32_t>(patterns.size() + 1));
+    if (isNew) {
+        patterns.push_back({paint, boost::none});
+    }
+    settings.color.pattern = known->second;
     return &settings;
 }
 

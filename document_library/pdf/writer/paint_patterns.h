@@ -18,6 +18,7 @@ namespace OrvPdf
 struct WrittenPattern
 {
     std::shared_ptr<const OrvPaint::Paint> paint;
+    /// Nothing for a tiling pattern.
     boost::optional<ShadingDefinition> shading;
 };
 
@@ -31,6 +32,10 @@ public:
     /// `problem`. Good until the next call.
     const PaintSettings* FindShading(const std::shared_ptr<const OrvPaint::Paint>& paint,
                                      const char*& problem);
+
+    /// The same for a tiling pattern; `colors` are those of the content.
+    const PaintSettings* FindTiling(const std::shared_ptr<const OrvPaint::Paint>& paint, PaintColors& colors,
+                                    const char*& problem);
 
     /// The patterns of the resources, in order of their numbers. None are left.
     std::vector<WrittenPattern> TakeAll() { return std::move(patterns); }

@@ -1,5 +1,7 @@
 #include "pdf/writer/resources_writer.h"
 
+#include <orv_paint/pattern_paint.h>
+
 #include "pdf/writer/layer_objects.h"
 #include "pdf/writer/nested_writer.h"
 #include "pdf/writer/object_maker.h"
@@ -64,8 +66,14 @@ QPDFObjectHandle ResourcesWriter::MakePatterns(const WrittenContent& content)
     QPDFObjectHandle patterns = QPDFObjectHandle::newDictionary();
     for (std::size_t index = 0; index < content.patterns.size(); ++index) {
         const WrittenPattern& pattern = content.patterns[index];
-        NoteSeparations(pattern.shading->space.get());
-        patterns.replaceKey("/p" + std::to_string(index), shadings.GetPattern(pattern));
+        if (pattern.shading) {
+            NoteSeparations(pattern.shading->space.get());
+        }
+        const auto object =
+            pattern.shading
+                ? shadings.GetPattern(pattern)
+                : nested.GetTiling(std::static_pointer_cast<const OrvPaint::PatternPaint>(pattern.paint));
+        patterns.replaceKey("/p" + std::to_string(index), object);
     }
     return patterns;
 }
