@@ -46,6 +46,10 @@ inline constexpr const char* outlineKey = "Outline";
 /// A boolean: the form is a group of its content for the sake of the group's transparency. Its stream paints
 /// exactly one group.
 inline constexpr const char* groupFormKey = "/OrvGroup";
+/// Of such a form, where the group stands in others with transformations of their own: six numbers, the
+/// matrix that leads out of them. The stream begins with a `cm` of it and `Matrix` takes it back, so that
+/// patterns inside lie as they would outside of the form.
+inline constexpr const char* baseKey = "/OrvBase";
 /// A form whose content and properties are the same: the two are one form, painted as groups of different
 /// kinds.
 inline constexpr const char* sameFormKey = "/OrvForm";

@@ -9,6 +9,7 @@
 #include <orv_doc/read_options.h>
 #include <plexa/coordinate_systems.h>
 #include <plexa/rectangle.h>
+#include <plexa/transformation.h>
 
 namespace OrvDoc
 {
@@ -48,14 +49,23 @@ struct Interpretation
     std::vector<std::shared_ptr<const NestedReading>> nested;
 };
 
+/// What a content stream is read in.
+struct ContentFrame
+{
+    /// The state that it begins with; null stands for that of a page.
+    const GraphicsState* initial = nullptr;
+    /// What can be seen of the content, in its coordinates: it is what an operator paints that paints
+    /// everything.
+    Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> box;
+    /// From the coordinates of the container that the objects are for to those of the content, where the two
+    /// differ. The stream begins with a `cm` of it, which leads into the container.
+    Plexa::TransformationBase<Plexa::MilliPointCoordinateSystem> base;
+};
+
 /// Interprets a decoded content stream into the empty content (ISO 32000-1, 7.8.2 and 8). Throws nothing for
-/// what the stream holds. `initial` is the state that it begins with; null stands for that of a page.
-///
-/// `box` is what can be seen of the content, in its coordinates: it is what an operator paints that paints
-/// everything.
+/// what the stream holds.
 Interpretation InterpretContent(std::string_view stream, ContentResources& resources,
                                 const OrvDoc::ReadOptions::Limits& limits, OrvDoc::Content& content,
-                                const GraphicsState* initial = nullptr,
-                                const Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem>& box = {});
+                                const ContentFrame& frame = {});
 
 } // namespace OrvPdf

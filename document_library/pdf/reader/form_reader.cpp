@@ -41,6 +41,8 @@ PdfForm::PdfForm(DocumentResources& givenDocument, QPDFObjectHandle givenStream,
     isIsolated = isGroup && IsTrue(GetEntry(group, "/I"));
     isKnockout = isGroup && IsTrue(GetEntry(group, "/K"));
     isWrittenGroup = isGroup && IsTrue(GetEntry(givenStream, Tags::groupFormKey));
+    std::vector<std::string> problems;
+    base = ReadMatrix(GetEntry(givenStream, Tags::baseKey), "OrvBase", problems);
 }
 
 // A mask from around stands where it is; what moves is the form that sees it.
@@ -154,17 +156,18 @@ std::shared_ptr<const OrvPaint::FormPaint> PdfForm::MakePaint(NestedStream::Read
     return factory.Get();
 }
 
-std::unique_ptr<OrvDoc::Group> PdfForm::TakeGroup(const GraphicsState& state,
+std::unique_ptr<OrvDoc::Group> PdfForm::TakeGroup(const GraphicsState& state, const Matrix& around,
                                                   std::shared_ptr<const NestedReading>& told)
 {
     const std::lock_guard<std::recursive_mutex> lock(document.GetNestedContents().mutex);
     std::string problem;
-    if (!isWrittenGroup || !stream.MayRead(problem)) {
+    const bool isWhereItWas = Plexa::IsIdentity(base) || base == around;
+    if (!isWrittenGroup || !isWhereItWas || !stream.MayRead(problem)) {
         return nullptr;
     }
     isWrittenGroup = false;
     const GraphicsState initial = BeginForm(state, true);
-    NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::FormContent, &initial);
+    NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::FormContent, &initial, base);
     auto* const group = dynamic_cast<OrvDoc::Group*>(reading.content->GetChildren().first);
     if (!group || group->next || reading.interpretation.hasUnmodelled) {
         return nullptr;

@@ -21,7 +21,7 @@ public:
 
     std::shared_ptr<const FormUse> Use(const GraphicsState& state, const Matrix& matrix,
                                        std::string& problem) override;
-    std::unique_ptr<OrvDoc::Group> TakeGroup(const GraphicsState& state,
+    std::unique_ptr<OrvDoc::Group> TakeGroup(const GraphicsState& state, const Matrix& base,
                                              std::shared_ptr<const NestedReading>& told) override;
     std::shared_ptr<const OrvDoc::Layer::Membership> GetLayer() const override { return layer; }
 
@@ -46,6 +46,8 @@ private:
     bool isIsolated = false;
     bool isKnockout = false;
     bool isWrittenGroup = false;
+    /// Of a written group.
+    Matrix base;
     std::vector<Variant> variants;
     /// Masks from around as the form sees them, by the mask and the matrix of the form.
     std::vector<std::tuple<std::shared_ptr<const OrvBlend::SoftMask>, Matrix,

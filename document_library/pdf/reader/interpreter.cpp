@@ -57,17 +57,19 @@ ContentLexerLimits LexerLimits(const OrvDoc::ReadOptions::Limits& limits)
 } // namespace
 
 Interpreter::Interpreter(ContentResources& contentResources, const OrvDoc::ReadOptions::Limits& readLimits,
-                         OrvDoc::Content& givenContent, const GraphicsState* initial,
-                         const Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem>& contentBox)
+                         OrvDoc::Content& givenContent, const ContentFrame& frame)
     : content(givenContent),
       resources(contentResources),
       limits(readLimits),
-      box(contentBox),
+      box(frame.box),
       problems(readLimits.errors),
       tree(content, readLimits.contentObjects, maximumGroupCopies)
 {
-    if (initial) {
-        state = *initial;
+    if (!Plexa::IsIdentity(frame.base)) {
+        bases.push_back({0, frame.base});
+    }
+    if (frame.initial) {
+        state = *frame.initial;
         return;
     }
     // A page begins in black with a line of one point (ISO 32000-1, table 52). Black in plain DeviceGray: a
@@ -140,10 +142,9 @@ void Interpreter::Finish(std::size_t streamSize)
 
 Interpretation InterpretContent(std::string_view stream, ContentResources& resources,
                                 const OrvDoc::ReadOptions::Limits& limits, OrvDoc::Content& content,
-                                const GraphicsState* initial,
-                                const Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem>& box)
+                                const ContentFrame& frame)
 {
-    return Interpreter(resources, limits, content, initial, box).Run(stream);
+    return Interpreter(resources, limits, content, frame).Run(stream);
 }
 
 } // namespace OrvPdf

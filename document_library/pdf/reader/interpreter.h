@@ -62,10 +62,8 @@ private:
 class Interpreter
 {
 public:
-    /// `initial` may be null.
     Interpreter(ContentResources& contentResources, const OrvDoc::ReadOptions::Limits& readLimits,
-                OrvDoc::Content& givenContent, const GraphicsState* initial,
-                const Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem>& contentBox);
+                OrvDoc::Content& givenContent, const ContentFrame& frame);
 
     Interpretation Run(std::string_view stream);
 

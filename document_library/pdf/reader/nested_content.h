@@ -72,8 +72,9 @@ public:
                                                std::string& problem) = 0;
 
     /// The group that the writer wrote as a form for its transparency; null for other forms, and when it was
-    /// taken before. To be asked first.
-    virtual std::unique_ptr<OrvDoc::Group> TakeGroup(const GraphicsState& state,
+    /// taken before. To be asked first. `base` leads from the container around to the coordinates of the
+    /// content.
+    virtual std::unique_ptr<OrvDoc::Group> TakeGroup(const GraphicsState& state, const Matrix& base,
                                                      std::shared_ptr<const NestedReading>& reading) = 0;
 
     /// The layer of its `OC`; null for none.

@@ -65,7 +65,8 @@ bool NestedStream::MayRead(std::string& problem) const
     return problem.empty();
 }
 
-NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const GraphicsState* state)
+NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const GraphicsState* state,
+                                         const Matrix& base)
 {
     const OpenMark mark(isOpen, document.GetNestedContents().depth);
     const SourceFile& file = document.GetFile();
@@ -92,7 +93,7 @@ NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const Graph
     }
     ResourceReader inner(document, resources);
     reading.interpretation =
-        InterpretContent(decoded.bytes.View(), inner, limits, *reading.content, state, box);
+        InterpretContent(decoded.bytes.View(), inner, limits, *reading.content, {state, box, base});
     reading.errors.Add(std::move(reading.interpretation.errors));
     return reading;
 }

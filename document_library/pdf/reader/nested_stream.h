@@ -49,7 +49,8 @@ public:
     /// contents are.
     bool MayRead(std::string& problem) const;
     /// Reads it as a content of that type that begins in that state; null stands for that of a page.
-    Reading Read(OrvDoc::Content::Type type, const GraphicsState* state);
+    /// `base` is that of the container that the content is for, see `ContentFrame`.
+    Reading Read(OrvDoc::Content::Type type, const GraphicsState* state, const Matrix& base = {});
     /// Makes what was met active errors of the content, and what is told of it around; null for nothing.
     std::shared_ptr<const NestedReading> Tell(Reading& reading) const;
 

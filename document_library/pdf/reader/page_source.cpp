@@ -98,8 +98,10 @@ void PdfPageSource::InterpretInto(OrvDoc::PageContent& content, ErrorList& error
     errors.Add(std::move(data.problems));
 
     ResourceReader resources(*document, entry.entries.resources);
-    interpretation = InterpretContent(data.bytes.View(), resources, file->GetOptions().limits, content,
-                                      nullptr, boxes[static_cast<std::size_t>(OrvDoc::PageBox::Media)]);
+    ContentFrame frame;
+    frame.box = boxes[static_cast<std::size_t>(OrvDoc::PageBox::Media)];
+    interpretation =
+        InterpretContent(data.bytes.View(), resources, file->GetOptions().limits, content, frame);
     errors.Add(interpretation.errors);
     TellNested(interpretation.nested, errors);
 }

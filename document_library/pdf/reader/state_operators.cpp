@@ -71,7 +71,9 @@ void Interpreter::LeaveScopes(const SavedState& saved)
 void Interpreter::ConcatMatrix(const Arguments& arguments)
 {
     const Matrix matrix = ToMatrix(arguments);
-    if (LeaveClipMatrix() || EnterGroupMatrix(matrix, arguments.Place())) {
+    // What leads into the container is no transformation of what is in it.
+    const bool isBase = operationNumber == 1 && !bases.empty() && matrix == bases.front().transformation;
+    if (isBase || LeaveClipMatrix() || EnterGroupMatrix(matrix, arguments.Place())) {
         return;
     }
     const Matrix product = Plexa::Concatenate(matrix, state.matrix);

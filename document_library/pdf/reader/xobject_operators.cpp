@@ -37,7 +37,7 @@ void Interpreter::PaintForm(FormDefinition& form, const Arguments& arguments)
         scope = tree.Open(std::move(recipe));
     }
     std::shared_ptr<const NestedReading> reading;
-    if (std::unique_ptr<OrvDoc::Group> group = form.TakeGroup(state, reading)) {
+    if (std::unique_ptr<OrvDoc::Group> group = form.TakeGroup(state, GetBaseMatrix(), reading)) {
         NoteReading(reading);
         SetGroupBlending(*group, group->GetTransparency()->isolated, group->GetTransparency()->knockout);
         group->SetTransformation(Plexa::Concatenate(group->GetTransformation(), state.matrix));

@@ -174,9 +174,13 @@ void ContentWalk::Write(const OrvDoc::Content& content)
     Finish();
 }
 
-void ContentWalk::Write(const OrvDoc::Group& group)
+void ContentWalk::Write(const OrvDoc::Group& group, const Matrix& base)
 {
     groupOfForm = &group;
+    if (!Plexa::IsIdentity(base)) {
+        states.Concatenate(base);
+        states.SetBase();
+    }
     containers.push_back(Container{nullptr});
     group.Accept(*this);
     WriteContainers();

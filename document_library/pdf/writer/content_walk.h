@@ -63,7 +63,8 @@ public:
 
     void Write(const OrvDoc::Content& content);
     /// Writes a group alone, without its transparency: that is the one of the form that holds it.
-    void Write(const OrvDoc::Group& group);
+    /// `base` leads from the container around it to the coordinates of the content.
+    void Write(const OrvDoc::Group& group, const Matrix& base);
 
 private:
     using OrvDoc::ConstVisitorBase::Visit;

@@ -15,6 +15,17 @@ namespace OrvPdf
 
 using OrvDoc::Path;
 
+namespace
+{
+
+/// The base that a form for a group is written with: one that can be taken back.
+Matrix FindWrittenBase(const Matrix& base)
+{
+    return Plexa::Inverse(base) && IsFinite(GetRoundedInverse(base)) ? base : Matrix();
+}
+
+} // namespace
+
 void ContentWalk::AppendDo(const FormReference& reference)
 {
     const void* const identity =
@@ -94,6 +105,7 @@ bool ContentWalk::WriteAsForm(const OrvDoc::Group& group)
         SetFormState(blending);
         FormReference reference;
         reference.group = &group;
+        reference.base = FindWrittenBase(states.GetBase());
         reference.isGroup = true;
         reference.isIsolated = transparency->isolated;
         reference.isKnockout = transparency->knockout;

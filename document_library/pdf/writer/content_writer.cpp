@@ -7,11 +7,11 @@
 namespace OrvPdf
 {
 
-WrittenContent WriteGroup(const OrvDoc::Group& group, SeparationSpaces& separations)
+WrittenContent WriteGroup(const OrvDoc::Group& group, const Matrix& base, SeparationSpaces& separations)
 {
     WrittenContent result;
     result.start = ContentStart::Nested;
-    ContentWalk(result, separations, ContentStart::Nested).Write(group);
+    ContentWalk(result, separations, ContentStart::Nested).Write(group, base);
     return result;
 }
 

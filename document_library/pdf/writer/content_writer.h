@@ -52,6 +52,7 @@ WrittenContent WriteContent(const OrvDoc::Content& content, SeparationSpaces& se
                             ContentStart start);
 
 /// The same for one group, as a content inside of another.
-WrittenContent WriteGroup(const OrvDoc::Group& group, SeparationSpaces& separations);
+/// `base` leads from the container around it to the coordinates of the content; the stream begins with it.
+WrittenContent WriteGroup(const OrvDoc::Group& group, const Matrix& base, SeparationSpaces& separations);
 
 } // namespace OrvPdf

@@ -25,24 +25,6 @@ struct ColorOperators
 constexpr ColorOperators fillOperators = {{"g\n", "rg\n", "k\n"}, " cs\n", "scn\n"};
 constexpr ColorOperators strokeOperators = {{"G\n", "RG\n", "K\n"}, " CS\n", "SCN\n"};
 
-/// The inverse of a matrix that has one, each number rounded once: the inverse of a tenth is ten. Renderers
-/// fit edges to pixels, so that an error of the last digit can move a line by a whole one.
-Matrix GetRoundedInverse(const Matrix& matrix)
-{
-    const long double a = matrix.a;
-    const long double b = matrix.b;
-    const long double c = matrix.c;
-    const long double d = matrix.d;
-    const long double x = matrix.x.value;
-    const long double y = matrix.y.value;
-    const long double determinant = a * d - b * c;
-    const auto divide = [determinant](long double dividend) {
-        // No zero with a sign, which would only be harder to read.
-        return static_cast<double>(dividend / determinant) + 0.0;
-    };
-    return Matrix(divide(d), divide(-b), divide(-c), divide(a), divide(c * y - d * x), divide(b * x - a * y));
-}
-
 } // namespace
 
 GraphicsStateWriter::GraphicsStateWriter(std::string& output, ContentStart start) : out(output)

@@ -30,6 +30,8 @@ public:
     void Concatenate(const Matrix& matrix);
     /// The container whose own matrix is in force begins: seen from there it is the identity.
     void SetBase();
+    /// From the container that is being written to the coordinates of the content.
+    const Matrix& GetBase() const { return levels.back().base; }
     /// The mask in force; null for none.
     const OrvBlend::SoftMask* GetSoftMask() const { return levels.back().parameters.blending.softMask.get(); }
     /// Goes back from the matrix in force to the identity. False, and nothing is written, if it has no

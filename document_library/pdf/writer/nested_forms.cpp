@@ -28,10 +28,11 @@ using Rectangle = Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem>;
 
 /// The box around what a group paints, with room for what rounding and flattening add. A group without extent
 /// has a point.
-Rectangle FindPaintedBox(const OrvDoc::Group& group)
+Rectangle FindPaintedBox(const OrvDoc::Group& group, const Matrix& base)
 {
     constexpr double room = 1000.0;
-    const Rectangle box = group.GetBoundingBoxSelf(OrvDoc::BoxKind::Painted, group.GetTransformation());
+    const Rectangle box = group.GetBoundingBoxSelf(OrvDoc::BoxKind::Painted,
+                                                   Plexa::Concatenate(group.GetTransformation(), base));
     if (box.isInitial) {
         return {0.0, 0.0, 0.0, 0.0};
     }
@@ -86,7 +87,7 @@ QPDFObjectHandle NestedWriter::FindKeptForm(const FormReference& reference)
     if (reference.paint->GetContent().GetRevision() != source->baseRevision) {
         // Whoever else names the object, such as a page that is kept as it stands, sees the change as well.
         SetGroup(kept.getDict(), reference, reference.paint->GetContent().GetBlendColorSpace());
-        tasks.push_back({reference.paint->GetSharedContent(), nullptr, kept});
+        tasks.push_back({reference.paint->GetSharedContent(), nullptr, Matrix(), kept});
     }
     return kept;
 }
@@ -119,13 +120,18 @@ QPDFObjectHandle NestedWriter::MakeGroupForm(const FormReference& reference)
 {
     Task task;
     task.group = reference.group;
+    task.base = reference.base;
     task.stream = QPDFObjectHandle::newStream(&maker.GetFile());
     tasks.push_back(task);
     QPDFObjectHandle dictionary = task.stream.getDict();
     dictionary.replaceKey("/Type", QPDFObjectHandle::newName("/XObject"));
     dictionary.replaceKey("/Subtype", QPDFObjectHandle::newName("/Form"));
     dictionary.replaceKey(Tags::groupFormKey, QPDFObjectHandle::newBool(true));
-    SetBox(dictionary, FindPaintedBox(*reference.group));
+    if (!Plexa::IsIdentity(reference.base)) {
+        dictionary.replaceKey(Tags::baseKey, MakeMatrixObject(reference.base));
+        dictionary.replaceKey("/Matrix", MakeMatrixObject(GetRoundedInverse(reference.base)));
+    }
+    SetBox(dictionary, FindPaintedBox(*reference.group, reference.base));
     SetGroup(dictionary, reference, OrvDoc::BlendColorSpace());
     return task.stream;
 }

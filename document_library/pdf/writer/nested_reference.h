@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "pdf/writer/content_text.h"
+
 namespace OrvDoc
 {
 class Group;
@@ -21,6 +23,8 @@ struct FormReference
     std::shared_ptr<const OrvPaint::FormPaint> paint;
     /// Of a group; then there is no paint.
     const OrvDoc::Group* group = nullptr;
+    /// Of a group: from its container to the coordinates of the content.
+    Matrix base;
     /// Whether it is painted as a transparency group, and the flags of that.
     bool isGroup = false;
     bool isIsolated = false;

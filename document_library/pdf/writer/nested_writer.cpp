@@ -66,7 +66,7 @@ void NestedWriter::Write(const Task& task, ResourcesWriter& resources, std::vect
 {
     WrittenContent written = task.content
                                  ? WriteContent(*task.content, separations, GetStart(task.content->GetType()))
-                                 : WriteGroup(*task.group, separations);
+                                 : WriteGroup(*task.group, task.base, separations);
     const NestedSource* const source = task.content ? FindSource(*task.content) : nullptr;
     if (source && source->hasUnmodelled) {
         written.problems.Add("the content was changed and is written without what was not read of it");

@@ -80,6 +80,7 @@ private:
         /// Either of them.
         std::shared_ptr<const OrvDoc::Content> content;
         const OrvDoc::Group* group = nullptr;
+        Matrix base;
         QPDFObjectHandle stream;
     };
 

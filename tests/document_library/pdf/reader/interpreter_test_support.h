@@ -116,7 +116,7 @@ struct Reading
     void Read(std::string_view stream)
     {
         content = std::make_unique<OrvDoc::Content>(*document, OrvDoc::Content::Type::PageContent);
-        result = InterpretContent(stream, resources, limits, *content, nullptr, box);
+        result = InterpretContent(stream, resources, limits, *content, {nullptr, box, {}});
     }
 
     /// A layer of the document, as a property list of that resource name.
