@@ -77,6 +77,8 @@ public:
         };
 
         Kind kind = Kind::None;
+        /// Whether a picture is a mask that the current colour is poured through.
+        bool isStencil = false;
         /// Of a form; null if it can't be read.
         std::shared_ptr<FormDefinition> form;
     };

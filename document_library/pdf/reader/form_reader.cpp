@@ -32,8 +32,7 @@ PdfForm::PdfForm(DocumentResources& givenDocument, QPDFObjectHandle givenStream,
                  std::shared_ptr<PdfForm> givenSame)
     : document(givenDocument), stream(givenDocument, givenStream, "form", around), same(std::move(givenSame))
 {
-    std::string problem;
-    if (auto membership = ReadLayerMembership(document, GetEntry(givenStream, "/OC"), problem)) {
+    if (auto membership = ReadLayerMembership(document, GetEntry(givenStream, "/OC"), layerProblem)) {
         layer = std::make_shared<const OrvDoc::Layer::Membership>(std::move(*membership));
     }
     QPDFObjectHandle group = GetEntry(givenStream, "/Group");
@@ -83,6 +82,11 @@ std::shared_ptr<const FormUse> PdfForm::Use(const GraphicsState& state, const Ma
     if (same) {
         return UseSame(state, matrix, problem);
     }
+    // Asked before what is known already, which would otherwise hide that the form is inside of itself.
+    if (stream.IsOpen()) {
+        stream.MayRead(problem);
+        return nullptr;
+    }
     Variant variant;
     variant.state = Begin(state, matrix);
     for (const Variant& candidate : variants) {
@@ -106,7 +110,12 @@ std::shared_ptr<const FormUse> PdfForm::Use(const GraphicsState& state, const Ma
 std::shared_ptr<const FormUse> PdfForm::UseSame(const GraphicsState& state, const Matrix& matrix,
                                                 std::string& problem)
 {
-    const std::shared_ptr<const FormUse> original = same->Use(state, matrix, problem);
+    GraphicsState around = state;
+    if (isGroup) {
+        // What is in force applies to the group as a whole, whatever the other form is.
+        around.blending = BlendSetting();
+    }
+    const std::shared_ptr<const FormUse> original = same->Use(around, matrix, problem);
     if (!original) {
         return nullptr;
     }
@@ -126,7 +135,8 @@ std::shared_ptr<const FormUse> PdfForm::MakeUse(NestedStream::Reading& reading, 
     use->isIsolated = isIsolated;
     use->isKnockout = isKnockout;
     use->usedParameters = interpretation.usedParameters;
-    const bool isSelfContained = FindPeculiar(state, interpretation.usedParameters) == 0;
+    const bool isSelfContained = FindPeculiar(state, interpretation.usedParameters) == 0 && !layer &&
+                                 !reading.dependsOnResourcesAround;
     use->isLossy = interpretation.hasUnmodelled && !isSelfContained;
 
     auto source = std::make_unique<NestedSource>();
@@ -135,7 +145,8 @@ std::shared_ptr<const FormUse> PdfForm::MakeUse(NestedStream::Reading& reading, 
     source->isGroup = isGroup;
     source->isIsolated = isIsolated;
     source->isKnockout = isKnockout;
-    source->isSelfContained = isSelfContained && !layer;
+    source->isSelfContained = isSelfContained;
+    source->usedParameters = interpretation.usedParameters;
     source->hasUnmodelled = interpretation.hasUnmodelled;
     source->baseRevision = reading.content->GetRevision();
     reading.content->SetSource(std::move(source));
@@ -148,6 +159,9 @@ std::shared_ptr<const OrvPaint::FormPaint> PdfForm::MakePaint(NestedStream::Read
     const SourceFile::Access access(document.GetFile());
     QPDFObjectHandle handle = stream.GetStream();
     std::vector<std::string> problems;
+    if (!layerProblem.empty()) {
+        problems.push_back("OC is left out: " + layerProblem);
+    }
     OrvPaint::FormPaint::Factory factory(reading.content);
     factory.SetFormTransformation(ReadMatrix(GetEntry(handle, "/Matrix"), "Matrix", problems))
         .SetFormBBox(ReadRectangle(GetEntry(handle, "/BBox"), "BBox", problems));
@@ -156,27 +170,34 @@ std::shared_ptr<const OrvPaint::FormPaint> PdfForm::MakePaint(NestedStream::Read
     return factory.Get();
 }
 
-std::unique_ptr<OrvDoc::Group> PdfForm::TakeGroup(const GraphicsState& state, const Matrix& around,
-                                                  std::shared_ptr<const NestedReading>& told)
+GroupUse PdfForm::TakeGroup(const GraphicsState& state, const Matrix& around)
 {
     const std::lock_guard<std::recursive_mutex> lock(document.GetNestedContents().mutex);
     std::string problem;
     const bool isWhereItWas = Plexa::IsIdentity(base) || base == around;
     if (!isWrittenGroup || !isWhereItWas || !stream.MayRead(problem)) {
-        return nullptr;
+        return {};
     }
     isWrittenGroup = false;
     const GraphicsState initial = BeginForm(state, true);
     NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::FormContent, &initial, base);
     auto* const group = dynamic_cast<OrvDoc::Group*>(reading.content->GetChildren().first);
-    if (!group || group->next || reading.interpretation.hasUnmodelled) {
-        return nullptr;
+    const std::uint32_t usedParameters = reading.interpretation.usedParameters;
+    // The transfer functions of the content around are those of the group's objects; all else it must set.
+    const std::uint32_t expected = Inherited::transferFunctions;
+    if (!group || group->next || reading.interpretation.hasUnmodelled ||
+        reading.content->GetBlendColorSpace().GetColorSpace() ||
+        FindPeculiar(initial, usedParameters & ~expected) != 0) {
+        return {};
     }
-    told = stream.Tell(reading);
+    GroupUse use;
+    use.reading = stream.Tell(reading);
+    use.usedParameters = usedParameters;
     group->ExtractFromParent();
+    use.group.reset(group);
     group->SetTransparency(
         OrvBlend::Transparency::Factory().SetIsolated(isIsolated).SetKnockout(isKnockout).Get());
-    return std::unique_ptr<OrvDoc::Group>(group);
+    return use;
 }
 
 } // namespace OrvPdf

@@ -21,8 +21,7 @@ public:
 
     std::shared_ptr<const FormUse> Use(const GraphicsState& state, const Matrix& matrix,
                                        std::string& problem) override;
-    std::unique_ptr<OrvDoc::Group> TakeGroup(const GraphicsState& state, const Matrix& base,
-                                             std::shared_ptr<const NestedReading>& told) override;
+    GroupUse TakeGroup(const GraphicsState& state, const Matrix& around) override;
     std::shared_ptr<const OrvDoc::Layer::Membership> GetLayer() const override { return layer; }
 
 private:
@@ -42,6 +41,8 @@ private:
     DocumentResources& document;
     NestedStream stream;
     std::shared_ptr<const OrvDoc::Layer::Membership> layer;
+    /// What is wrong with its `OC`; empty if nothing is.
+    std::string layerProblem;
     bool isGroup = false;
     bool isIsolated = false;
     bool isKnockout = false;

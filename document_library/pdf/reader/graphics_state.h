@@ -69,6 +69,10 @@ struct GraphicsState
     std::shared_ptr<const OrvDoc::StrokeProperties> strokeProperties;
     /// What still is as it was where the form is painted whose content this is: bits of `Inherited`.
     std::uint32_t inherited = 0;
+    /// The parameters of text, bits of `Inherited`, that are not what they are at the start of a page.
+    std::uint32_t changedText = 0;
+    /// Whether the text rendering mode has the outlines of characters stroked.
+    bool strokesText = false;
 };
 
 } // namespace OrvPdf

@@ -40,6 +40,18 @@ bool AgreeInStroke(const OrvDoc::StrokeProperties& left, const OrvDoc::StrokePro
 
 } // namespace
 
+// Black in plain DeviceGray: a default colour space applies to colours that the content sets.
+GraphicsState BeginPage()
+{
+    GraphicsState state;
+    const auto gray = OrvColor::ColorSpace::DeviceGray();
+    const auto black = std::make_shared<const Color>(Color{gray, gray->GetInitialComponents()});
+    state.fill.color = black;
+    state.stroke.color = black;
+    state.strokeProperties = std::make_shared<const OrvDoc::StrokeProperties>();
+    return state;
+}
+
 GraphicsState BeginForm(const GraphicsState& state, bool isTransparencyGroup)
 {
     GraphicsState nested = state;
@@ -51,6 +63,7 @@ GraphicsState BeginForm(const GraphicsState& state, bool isTransparencyGroup)
     }
     if (isTransparencyGroup) {
         nested.blending = BlendSetting();
+        nested.inherited &= ~Inherited::blending;
     }
     // A paint that was made for the content around may be known by its address there.
     nested.blending.transparency = nullptr;
@@ -59,11 +72,14 @@ GraphicsState BeginForm(const GraphicsState& state, bool isTransparencyGroup)
 
 std::uint32_t FindPeculiar(const GraphicsState& state, std::uint32_t parameters)
 {
-    const bool isOpaque = state.blending.value == *OrvBlend::Transparency::Factory::GetDefault();
-    const std::uint32_t usual = (isOpaque ? Inherited::blending : 0) |
-                                (state.halftones ? 0 : Inherited::halftones) |
-                                (state.transfer.functions ? 0 : Inherited::transferFunctions);
-    return parameters & ~usual;
+    static const GraphicsState initial = BeginPage();
+    std::uint32_t peculiar = parameters & state.changedText;
+    for (std::uint32_t bit = 1; bit <= Inherited::all; bit <<= 1U) {
+        if (!Agree(state, initial, parameters & bit)) {
+            peculiar |= bit;
+        }
+    }
+    return peculiar;
 }
 
 bool Agree(const GraphicsState& left, const GraphicsState& right, std::uint32_t parameters)

@@ -24,25 +24,33 @@ constexpr std::uint32_t dash = 1U << 9;
 constexpr std::uint32_t blending = 1U << 10;
 constexpr std::uint32_t halftones = 1U << 11;
 constexpr std::uint32_t transferFunctions = 1U << 12;
+/// Of text; the model doesn't know their values.
+constexpr std::uint32_t textFont = 1U << 13;
+constexpr std::uint32_t textState = 1U << 14;
+constexpr std::uint32_t text = textFont | textState;
 
 constexpr std::uint32_t fill = fillColor | fillOverprint | overprintMode;
 constexpr std::uint32_t stroke =
     strokeColor | strokeOverprint | overprintMode | lineWidth | lineCap | lineJoin | miterLimit | dash;
 /// What counts for all that is painted.
 constexpr std::uint32_t painting = blending | halftones | transferFunctions;
-constexpr std::uint32_t all = fill | stroke | painting;
+constexpr std::uint32_t all = fill | stroke | painting | text;
 } // namespace Inherited
+
+/// The state that the content of a page begins with (ISO 32000-1, tables 52 and 53).
+GraphicsState BeginPage();
 
 /// The state that the content of a form begins with where the form is painted under `state`, every parameter
 /// marked as taken over. What is in force for the blending of a transparency group applies to it as a whole:
 /// its content begins without (11.6.6).
 GraphicsState BeginForm(const GraphicsState& state, bool isTransparencyGroup);
 
-/// The parameters among these that are not what every content can count on: that objects are opaque, and that
-/// halftones and transfer functions are those of the device. A writer sees to it.
+/// The parameters among these that are not as at the start of a page. A writer sees to it that a form that
+/// stays as it stands in its file is painted where its parameters are.
 std::uint32_t FindPeculiar(const GraphicsState& state, std::uint32_t parameters);
 
-/// Whether two states agree in those parameters.
+/// Whether two states agree in those parameters. Those of text are left out: what depends on them is not
+/// among the objects of a content.
 bool Agree(const GraphicsState& left, const GraphicsState& right, std::uint32_t parameters);
 
 } // namespace OrvPdf

@@ -6,6 +6,8 @@
 #include <orv_doc/content.h>
 #include <orv_doc/content_object.h>
 
+#include "pdf/reader/inherited_parameters.h"
+
 namespace OrvPdf
 {
 
@@ -63,22 +65,12 @@ Interpreter::Interpreter(ContentResources& contentResources, const OrvDoc::ReadO
       limits(readLimits),
       box(frame.box),
       problems(readLimits.errors),
-      tree(content, readLimits.contentObjects, maximumGroupCopies)
+      tree(content, readLimits.contentObjects, maximumGroupCopies),
+      state(frame.initial ? *frame.initial : BeginPage())
 {
     if (!Plexa::IsIdentity(frame.base)) {
         bases.push_back({0, frame.base});
     }
-    if (frame.initial) {
-        state = *frame.initial;
-        return;
-    }
-    // A page begins in black with a line of one point (ISO 32000-1, table 52). Black in plain DeviceGray: a
-    // default colour space applies to colours that the content sets.
-    const auto gray = OrvColor::ColorSpace::DeviceGray();
-    const auto black = std::make_shared<const Color>(Color{gray, gray->GetInitialComponents()});
-    state.fill.color = black;
-    state.stroke.color = black;
-    state.strokeProperties = std::make_shared<const OrvDoc::StrokeProperties>();
 }
 
 Interpretation Interpreter::Run(std::string_view stream)
@@ -129,7 +121,9 @@ void Interpreter::Finish(std::size_t streamSize)
         problems.Odd({}, "marked content that is not ended", {}, end);
     }
     tree.CloseAll();
-    if (auto functions = transferFunctions.GetOfContent(state.transfer)) {
+    // A content that paints nothing has no functions from around.
+    const bool isFromAround = (state.inherited & Inherited::transferFunctions) != 0;
+    if (auto functions = transferFunctions.GetOfContent(isFromAround ? TransferSetting() : state.transfer)) {
         content.SetTransferFunctionSet(std::move(functions));
     }
     if (tree.HitObjectLimit()) {

@@ -201,6 +201,11 @@ private:
     /// Notes that what is painted now depends on these parameters.
     void MarkUsed(std::uint32_t parameters) { usedParameters |= parameters & state.inherited; }
 
+    // left_out_operators.cpp
+    void NoteTextChange(std::uint32_t parameter, bool isChange);
+    void NoteShownText();
+    void NotePicture(bool isStencil);
+
     // path_operators.cpp
     ObjectAttributes TakeAttributes();
     bool ExtendPath(const Arguments& arguments, std::size_t segments);
@@ -259,6 +264,7 @@ private:
     // xobject_operators.cpp
     void PaintForm(FormDefinition& form, const Arguments& arguments);
     void PlaceForm(const FormUse& use);
+    void PlaceGroup(GroupUse use);
     void SetGroupBlending(OrvDoc::Blendable& object, bool isIsolated, bool isKnockout);
     void NoteReading(const std::shared_ptr<const NestedReading>& reading);
 

@@ -5,14 +5,10 @@
 #include <string>
 #include <vector>
 
+#include <orv_doc/group.h>
 #include <orv_doc/layer.h>
 
 #include "pdf/reader/group_recipe.h"
-
-namespace OrvDoc
-{
-class Group;
-}
 
 namespace OrvBlend
 {
@@ -58,6 +54,16 @@ struct FormUse
     std::shared_ptr<const NestedReading> reading;
 };
 
+/// A group that was written as a form.
+struct GroupUse
+{
+    /// Null for none. Its transparency has the flags of the form's group.
+    std::unique_ptr<OrvDoc::Group> group;
+    /// As for a form.
+    std::uint32_t usedParameters = 0;
+    std::shared_ptr<const NestedReading> reading;
+};
+
 /// A form XObject of a file.
 class FormDefinition
 {
@@ -71,11 +77,9 @@ public:
     virtual std::shared_ptr<const FormUse> Use(const GraphicsState& state, const Matrix& matrix,
                                                std::string& problem) = 0;
 
-    /// The group that the writer wrote as a form for its transparency; null for other forms, and when it was
-    /// taken before. To be asked first. `base` leads from the container around to the coordinates of the
-    /// content.
-    virtual std::unique_ptr<OrvDoc::Group> TakeGroup(const GraphicsState& state, const Matrix& base,
-                                                     std::shared_ptr<const NestedReading>& reading) = 0;
+    /// The group that the writer wrote as a form for its transparency; none for other forms, and when it was
+    /// taken before. To be asked first. `base` leads from the container around to the coordinates of the content.
+    virtual GroupUse TakeGroup(const GraphicsState& state, const Matrix& base) = 0;
 
     /// The layer of its `OC`; null for none.
     virtual std::shared_ptr<const OrvDoc::Layer::Membership> GetLayer() const = 0;

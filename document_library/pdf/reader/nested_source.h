@@ -22,6 +22,9 @@ public:
     bool isKnockout = false;
     /// Whether the stream in the file says all there is without what is around it.
     bool isSelfContained = true;
+    /// The parameters that it takes over from around: bits of `Inherited`. For a self-contained one they are
+    /// to be as at the start of a page.
+    std::uint32_t usedParameters = 0;
     /// Whether it has something that the model has no place for.
     bool hasUnmodelled = false;
     /// The content's revision when it came out of the file.

@@ -47,7 +47,8 @@ NestedStream::NestedStream(DocumentResources& givenDocument, QPDFObjectHandle gi
                            QPDFObjectHandle around)
     : document(givenDocument), stream(givenStream), resources(GetEntry(givenStream, "/Resources"))
 {
-    if (!resources.isDictionary()) {
+    hasOwnResources = resources.isDictionary();
+    if (!hasOwnResources) {
         resources = around;
     }
     place = std::string(kind) + " " + std::to_string(stream.getObjectID()) + " " +
@@ -72,7 +73,7 @@ NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const Graph
     const SourceFile& file = document.GetFile();
     const OrvDoc::ReadOptions::Limits& limits = file.GetOptions().limits;
     Reading reading{
-        std::make_shared<OrvDoc::Content>(document.GetDocument(), type), {}, ErrorList(limits.errors)};
+        std::make_shared<OrvDoc::Content>(document.GetDocument(), type), {}, ErrorList(limits.errors), false};
     EncodedStream encoded;
     Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> box;
     {
@@ -95,6 +96,9 @@ NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const Graph
     reading.interpretation =
         InterpretContent(decoded.bytes.View(), inner, limits, *reading.content, {state, box, base});
     reading.errors.Add(std::move(reading.interpretation.errors));
+    // What has no place in the model may name resources that nobody asked for.
+    reading.dependsOnResourcesAround =
+        !hasOwnResources && (inner.HasFound() || reading.interpretation.hasUnmodelled);
     return reading;
 }
 

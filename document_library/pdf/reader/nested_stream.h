@@ -43,8 +43,12 @@ public:
         std::shared_ptr<OrvDoc::Content> content;
         Interpretation interpretation;
         ErrorList errors;
+        /// Whether it has no resources of its own and needs some.
+        bool dependsOnResourcesAround = false;
     };
 
+    /// Whether it is being read.
+    bool IsOpen() const { return isOpen; }
     /// Whether it may be read now; otherwise `problem` says why not: it is being read already, or too many
     /// contents are.
     bool MayRead(std::string& problem) const;
@@ -61,6 +65,7 @@ private:
     DocumentResources& document;
     QPDFObjectHandle stream;
     QPDFObjectHandle resources;
+    bool hasOwnResources = false;
     std::string place;
     bool isOpen = false;
 };

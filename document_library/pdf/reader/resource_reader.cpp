@@ -39,7 +39,7 @@ const DeviceSpace* FindDeviceSpace(const std::string& name)
 } // namespace
 
 QPDFObjectHandle ResourceReader::FindResource(const char* category, const std::string& name,
-                                              std::string& problem) const
+                                              std::string& problem)
 {
     QPDFObjectHandle dictionary = resources;
     if (!dictionary.isInitialized() || !dictionary.isDictionary()) {
@@ -49,6 +49,7 @@ QPDFObjectHandle ResourceReader::FindResource(const char* category, const std::s
     QPDFObjectHandle found = GetEntry(dictionary.getKey(category), ("/" + name).c_str());
     if (found.isNull())
         problem = "it is missing from " + WithoutSlash(category) + " of the resources";
+    hasFound = hasFound || !found.isNull();
     return found;
 }
 
@@ -168,6 +169,7 @@ ContentResources::XObject ResourceReader::FindXObject(const std::string& name, s
             problem = "it is no stream";
         } else if (kind == "Image") {
             found.kind = XObject::Kind::Picture;
+            found.isStencil = IsTrue(GetEntry(stream, "/ImageMask"));
         } else if (kind == "Form") {
             found.kind = XObject::Kind::Form;
             found.form = document.GetForm(stream, resources);

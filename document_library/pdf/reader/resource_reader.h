@@ -30,8 +30,11 @@ public:
     XObject FindXObject(const std::string& name, std::string& problem) override;
     std::shared_ptr<MaskDefinition> FindMask(const std::string& state, std::string& problem) override;
 
+    /// Whether any resource was asked for and found.
+    bool HasFound() const { return hasFound; }
+
 private:
-    QPDFObjectHandle FindResource(const char* category, const std::string& name, std::string& problem) const;
+    QPDFObjectHandle FindResource(const char* category, const std::string& name, std::string& problem);
     OrvSys::PdfObject ConvertState(QPDFObjectHandle dictionary);
     OrvColor::ColorSpace::Pointer ResolveColorSpace(QPDFObjectHandle definition, std::string& problem);
     std::shared_ptr<const ShadingResource> ReadShading(QPDFObjectHandle definition, QPDFObjGen owner,
@@ -42,6 +45,7 @@ private:
 
     DocumentResources& document;
     QPDFObjectHandle resources;
+    bool hasFound = false;
 };
 
 } // namespace OrvPdf

@@ -22,6 +22,7 @@ void Interpreter::PaintXObject(const Arguments& arguments)
     }
     if (found.value.kind == Kind::Picture) {
         problems.Unmodelled("Do", "pictures are not modelled", name, arguments.Place());
+        NotePicture(found.value.isStencil);
     } else if (const std::shared_ptr<FormDefinition> form = found.value.form) {
         PaintForm(*form, arguments);
     }
@@ -36,13 +37,8 @@ void Interpreter::PaintForm(FormDefinition& form, const Arguments& arguments)
         recipe.membership = layer;
         scope = tree.Open(std::move(recipe));
     }
-    std::shared_ptr<const NestedReading> reading;
-    if (std::unique_ptr<OrvDoc::Group> group = form.TakeGroup(state, GetBaseMatrix(), reading)) {
-        NoteReading(reading);
-        SetGroupBlending(*group, group->GetTransparency()->isolated, group->GetTransparency()->knockout);
-        group->SetTransformation(Plexa::Concatenate(group->GetTransformation(), state.matrix));
-        ownClipsLeft = 0;
-        tree.Place(std::move(group));
+    if (GroupUse group = form.TakeGroup(state, GetBaseMatrix()); group.group) {
+        PlaceGroup(std::move(group));
     } else {
         std::string problem;
         if (const std::shared_ptr<const FormUse> use =
@@ -58,6 +54,22 @@ void Interpreter::PaintForm(FormDefinition& form, const Arguments& arguments)
     }
 }
 
+void Interpreter::PlaceGroup(GroupUse use)
+{
+    OrvDoc::Group& group = *use.group;
+    NoteReading(use.reading);
+    MarkUsed(use.usedParameters);
+    if ((use.usedParameters & Inherited::transferFunctions) != 0) {
+        NotePainting();
+    }
+    SetGroupBlending(group, group.GetTransparency()->isolated, group.GetTransparency()->knockout);
+    if (!Plexa::IsIdentity(state.matrix)) {
+        group.SetTransformation(Plexa::Concatenate(group.GetTransformation(), state.matrix));
+    }
+    ownClipsLeft = 0;
+    tree.Place(std::move(use.group));
+}
+
 void Interpreter::PlaceForm(const FormUse& use)
 {
     const ObjectAttributes attributes = TakeAttributes();
@@ -71,8 +83,7 @@ void Interpreter::PlaceForm(const FormUse& use)
     }
     object->SetFillPaint(use.paint);
     if (use.isGroup) {
-        object->SetTransparency(
-            OrvBlend::Transparency::Factory().SetIsolated(use.isIsolated).SetKnockout(use.isKnockout).Get());
+        SetGroupBlending(*object, use.isIsolated, use.isKnockout);
     }
     MarkUsed(use.usedParameters);
     NoteReading(use.reading);

@@ -10,8 +10,8 @@ namespace OrvPdf
 WrittenContent WriteGroup(const OrvDoc::Group& group, const Matrix& base, SeparationSpaces& separations)
 {
     WrittenContent result;
-    result.start = ContentStart::Nested;
-    ContentWalk(result, separations, ContentStart::Nested).Write(group, base);
+    result.start = ContentStart::Group;
+    ContentWalk(result, separations, ContentStart::Group).Write(group, base);
     return result;
 }
 

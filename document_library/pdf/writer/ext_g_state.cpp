@@ -39,7 +39,7 @@ UsedParameters FindUsed(const std::vector<ExtGState>& states, ContentStart start
         used.overprint = true;
         used.overprintMode = true;
         used.halftones = true;
-        used.transferFunctions = !hasTransferFunctions;
+        used.transferFunctions = start == ContentStart::Nested && !hasTransferFunctions;
     }
     for (const ExtGState& state : states) {
         used.overprint = used.overprint || state.stroke || state.fill;

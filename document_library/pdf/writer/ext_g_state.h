@@ -23,9 +23,10 @@ class ObjectMaker;
 /// What the graphics state is when a content begins.
 enum class ContentStart
 {
-    Page,     ///< The initial one (ISO 32000-1, tables 52 and 53).
-    Nested,   ///< In a form or a pattern: what is in force where it is used, and opaque.
-    Uncolored ///< In an uncoloured pattern: the same, but for the colour, which nobody asks for.
+    Page,      ///< The initial one (ISO 32000-1, tables 52 and 53).
+    Nested,    ///< In a form or a pattern: what is in force where it is used, and opaque.
+    Uncolored, ///< In an uncoloured pattern: the same, but for the colour, which nobody asks for.
+    Group      ///< In the form of a group: the same, but transfer functions are those of the content around.
 };
 
 /// Parameters of the graphics state that content streams set by resource alone (ISO 32000-1, 8.4.5). Begins
