@@ -1,6 +1,5 @@
 #include "pdf/writer/content_walk.h"
 
-#include <orv_blend/transparency.h>
 #include <orv_doc/content.h>
 #include <plexa/compound.h>
 
@@ -22,14 +21,6 @@ bool ContentWalk::Refuse(const ContentObject& object, const char* reason)
 {
     result.problems.Add(reason, object.GetID());
     return false;
-}
-
-void ContentWalk::CheckBlending(const OrvDoc::Blendable& object)
-{
-    const auto& transparency = object.GetTransparency();
-    if (transparency && *transparency != *OrvBlend::Transparency::Factory::GetDefault()) {
-        Refuse(object, "transparencies of objects are not written yet");
-    }
 }
 
 void ContentWalk::LeaveSharedMatrix()

@@ -86,7 +86,6 @@ private:
     }
 
     bool Refuse(const OrvDoc::ContentObject& object, const char* reason);
-    void CheckBlending(const OrvDoc::Blendable& object);
 
     // Matrices.
     bool LeaveMatrix(const Matrix& wanted, const OrvDoc::ContentObject& object);
@@ -114,7 +113,8 @@ private:
     // Forms.
     bool WriteForm(const OrvDoc::Path& path);
     bool WriteAsForm(const OrvDoc::Group& group);
-    void SetFormState(const OrvBlend::Transparency& blending);
+    /// What the form depends on of the state around; it may be null.
+    void SetFormState(const OrvBlend::Transparency& blending, const OrvPaint::FormPaint* form);
     void AppendDo(const FormReference& reference);
     void Finish();
     void WriteContainers();

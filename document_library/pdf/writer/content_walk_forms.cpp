@@ -3,11 +3,14 @@
 #include <tuple>
 
 #include <orv_blend/transparency.h>
+#include <orv_doc/content.h>
 #include <orv_paint/form_paint.h>
 #include <plexa/compound.h>
 
 #include "pdf/form_outline.h"
 #include "pdf/marked_content_tags.h"
+#include "pdf/reader/inherited_parameters.h"
+#include "pdf/reader/nested_source.h"
 #include "pdf/writer/path_operators.h"
 
 namespace OrvPdf
@@ -38,11 +41,27 @@ void ContentWalk::AppendDo(const FormReference& reference)
     out.append("/fm" + std::to_string(known->second) + " Do\n");
 }
 
-// A form that is kept as it stands in its file counts on the device's own halftones.
-void ContentWalk::SetFormState(const OrvBlend::Transparency& blending)
+// A form that is kept as it stands in its file counts on what a page begins with. One that is written anew
+// sets all that it needs.
+void ContentWalk::SetFormState(const OrvBlend::Transparency& blending, const OrvPaint::FormPaint* form)
 {
-    const std::shared_ptr<OrvDoc::HalftoneSet> ofDevice;
-    states.SetParameters(nullptr, nullptr, blending, &ofDevice);
+    const auto* const source =
+        form ? dynamic_cast<const NestedSource*>(form->GetContent().GetSource()) : nullptr;
+    const std::uint32_t used = source ? source->usedParameters : 0;
+    constexpr std::uint32_t overprint =
+        Inherited::fillOverprint | Inherited::strokeOverprint | Inherited::overprintMode;
+    constexpr std::uint32_t line = Inherited::lineWidth | Inherited::lineCap | Inherited::lineJoin |
+                                   Inherited::miterLimit | Inherited::dash;
+    if ((used & Inherited::fillColor) != 0) {
+        states.SetInitialFillColor();
+    }
+    if ((used & Inherited::strokeColor) != 0) {
+        states.SetInitialStrokeColor();
+    }
+    if ((used & line) != 0) {
+        states.SetInitialStrokeProperties();
+    }
+    states.SetFormParameters(blending, (used & overprint) != 0);
 }
 
 bool ContentWalk::WriteForm(const Path& path)
@@ -76,7 +95,7 @@ bool ContentWalk::WriteForm(const Path& path)
     if (!PrepareMask(blending, path) || !LeaveMatrix(path.GetTransformation(), path)) {
         return false;
     }
-    SetFormState(blending);
+    SetFormState(blending, reference.paint.get());
     EnterMatrix(path.GetTransformation());
     std::vector<const char*> flags;
     if (hasOutline) {
@@ -102,7 +121,7 @@ bool ContentWalk::WriteAsForm(const OrvDoc::Group& group)
     PrepareGroup(group);
     const OrvBlend::Transparency blending = GetBlending(group);
     if (PrepareMask(blending, group) && LeaveMatrix(Matrix(), group)) {
-        SetFormState(blending);
+        SetFormState(blending, nullptr);
         FormReference reference;
         reference.group = &group;
         reference.base = FindWrittenBase(states.GetBase());

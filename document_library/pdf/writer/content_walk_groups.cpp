@@ -157,7 +157,6 @@ bool ContentWalk::TryClipGroup(const OrvDoc::Group& group)
 
 void ContentWalk::BeginMarkedGroup(const OrvDoc::Group& group, const OrvDoc::MarkedContent& mark)
 {
-    CheckBlending(group);
     PrepareGroup(group);
     Matrix matrix;
     if (!GetGroupMatrix(group, matrix)) {

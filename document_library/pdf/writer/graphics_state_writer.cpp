@@ -31,7 +31,7 @@ GraphicsStateWriter::GraphicsStateWriter(std::string& output, ContentStart start
 {
     Level level;
     level.properties = &initialProperties;
-    if (start == ContentStart::Nested) {
+    if (start == ContentStart::Nested || start == ContentStart::Group) {
         level.fill.space = PaintColor::unknown;
         level.stroke.space = PaintColor::unknown;
     }
@@ -133,6 +133,11 @@ void GraphicsStateWriter::SetColor(PaintColor& current, const PaintColor& color,
     current = color;
 }
 
+void GraphicsStateWriter::SetInitialStrokeProperties()
+{
+    SetStrokeProperties(initialProperties);
+}
+
 void GraphicsStateWriter::SetStrokeProperties(const OrvDoc::StrokeProperties& properties)
 {
     const bool isUnknown = !levels.back().properties;
@@ -181,11 +186,7 @@ void GraphicsStateWriter::SetParameters(const PaintSettings* fill, const PaintSe
                                         const OrvBlend::Transparency& blending,
                                         const std::shared_ptr<OrvDoc::HalftoneSet>* halftones)
 {
-    ExtGState& current = levels.back().parameters;
-    ExtGState wanted = current;
-    if (blending.softMask != current.blending.softMask) {
-        wanted.maskMatrix = levels.back().base;
-    }
+    ExtGState wanted = levels.back().parameters;
     wanted.blending = blending;
     if (halftones) {
         wanted.halftones = *halftones;
@@ -204,8 +205,29 @@ void GraphicsStateWriter::SetParameters(const PaintSettings* fill, const PaintSe
             }
         }
     }
+    ApplyParameters(wanted, fill || stroke || halftones);
+}
+
+void GraphicsStateWriter::SetFormParameters(const OrvBlend::Transparency& blending, bool isOverprintInitial)
+{
+    ExtGState wanted = levels.back().parameters;
+    wanted.blending = blending;
+    wanted.halftones = nullptr;
+    if (isOverprintInitial) {
+        wanted.fill = false;
+        wanted.stroke = false;
+        wanted.nonzero = false;
+    }
+    ApplyParameters(wanted, true);
+}
+
+void GraphicsStateWriter::ApplyParameters(ExtGState wanted, bool isPainted)
+{
+    ExtGState& current = levels.back().parameters;
+    if (wanted.blending.softMask != current.blending.softMask) {
+        wanted.maskMatrix = levels.back().base;
+    }
     bool& areKnown = levels.back().areParametersKnown;
-    const bool isPainted = fill || stroke || halftones;
     if (wanted == current && (areKnown || !isPainted)) {
         return;
     }

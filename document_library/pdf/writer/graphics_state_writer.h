@@ -48,6 +48,14 @@ public:
                        const OrvBlend::Transparency& blending,
                        const std::shared_ptr<OrvDoc::HalftoneSet>* halftones);
 
+    /// For what is painted with the halftones of the device, and without overprint in mode 0 if
+    /// `isOverprintInitial`; otherwise the overprint stays as it is.
+    void SetFormParameters(const OrvBlend::Transparency& blending, bool isOverprintInitial);
+    /// The colours and stroke properties that a page begins with.
+    void SetInitialFillColor() { SetFillColor(PaintColor()); }
+    void SetInitialStrokeColor() { SetStrokeColor(PaintColor()); }
+    void SetInitialStrokeProperties();
+
     /// The states of the resources.
     const std::vector<ExtGState>& GetExtGStates() const { return states.GetAll(); }
 
@@ -67,6 +75,7 @@ private:
     };
 
     void SetColor(PaintColor& current, const PaintColor& color, bool isStroke);
+    void ApplyParameters(ExtGState wanted, bool isPainted);
     void AppendDash(const OrvDoc::StrokeProperties& properties);
 
     std::string& out;

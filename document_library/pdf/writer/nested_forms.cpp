@@ -71,25 +71,26 @@ QPDFObjectHandle NestedWriter::GetForm(const FormReference& reference)
 
 QPDFObjectHandle NestedWriter::FindKeptForm(const FormReference& reference)
 {
-    const NestedSource* const source = reference.paint ? FindSource(reference.paint->GetContent()) : nullptr;
-    if (!source || !source->isSelfContained || source->user.lock() != reference.paint ||
-        source->isGroup != reference.isGroup || source->isIsolated != reference.isIsolated ||
-        source->isKnockout != reference.isKnockout) {
+    const NestedSource* const source = reference.paint ? kept.FindSource(*reference.paint) : nullptr;
+    if (!source || !source->isSelfContained || source->isGroup != reference.isGroup ||
+        source->isIsolated != reference.isIsolated || source->isKnockout != reference.isKnockout) {
         return QPDFObjectHandle::newNull();
     }
-    QPDFObjectHandle kept = maker.FindSourceObject(source->object);
-    if (!kept.isStream()) {
+    QPDFObjectHandle form = maker.FindSourceObject(source->object);
+    if (!form.isStream()) {
         return QPDFObjectHandle::newNull();
     }
-    if (folder != document.GetFilePath().parent_path()) {
-        SetReference(kept.getDict(), *reference.paint);
-    }
-    if (reference.paint->GetContent().GetRevision() != source->baseRevision) {
+    MoveReference(form, *reference.paint);
+    firstForms.emplace(reference.paint.get(), form);
+    const OrvDoc::Content& content = reference.paint->GetContent();
+    if (content.GetRevision() == source->baseRevision && kept.MayKeep(content)) {
+        Keep(content);
+    } else {
         // Whoever else names the object, such as a page that is kept as it stands, sees the change as well.
-        SetGroup(kept.getDict(), reference, reference.paint->GetContent().GetBlendColorSpace());
-        tasks.push_back({reference.paint->GetSharedContent(), nullptr, Matrix(), kept});
+        SetGroup(form.getDict(), reference, content.GetBlendColorSpace());
+        tasks.push_back({reference.paint->GetSharedContent(), nullptr, Matrix(), form});
     }
-    return kept;
+    return form;
 }
 
 QPDFObjectHandle NestedWriter::MakeForm(const FormReference& reference)
@@ -109,6 +110,7 @@ QPDFObjectHandle NestedWriter::MakeForm(const FormReference& reference)
     }
     SetProperties(dictionary, paint);
     SetGroup(dictionary, reference, paint.GetContent().GetBlendColorSpace());
+    GetFormOfFile(reference);
     const auto [first, isFirst] = firstForms.emplace(&paint, stream);
     if (!isFirst) {
         dictionary.replaceKey(Tags::sameFormKey, first->second);
@@ -134,6 +136,23 @@ QPDFObjectHandle NestedWriter::MakeGroupForm(const FormReference& reference)
     SetBox(dictionary, FindPaintedBox(*reference.group, reference.base));
     SetGroup(dictionary, reference, OrvDoc::BlendColorSpace());
     return task.stream;
+}
+
+void NestedWriter::GetFormOfFile(const FormReference& reference)
+{
+    const NestedSource* const source = kept.FindSource(*reference.paint);
+    if (source && source->isSelfContained && maker.FindSourceObject(source->object).isStream()) {
+        GetForm(
+            {reference.paint, nullptr, Matrix(), source->isGroup, source->isIsolated, source->isKnockout});
+    }
+}
+
+// Files are named as seen from where the one stands that names them.
+void NestedWriter::MoveReference(QPDFObjectHandle form, const FormPaint& paint)
+{
+    if (form.isStream() && folder != document.GetFilePath().parent_path()) {
+        SetReference(form.getDict(), paint);
+    }
 }
 
 void NestedWriter::SetBox(QPDFObjectHandle dictionary, const Rectangle& box)

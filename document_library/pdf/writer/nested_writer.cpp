@@ -48,10 +48,12 @@ const NestedSource* NestedWriter::FindSource(const OrvDoc::Content& content) con
 QPDFObjectHandle NestedWriter::AddContent(const std::shared_ptr<const OrvDoc::Content>& content)
 {
     const NestedSource* const source = FindSource(*content);
-    if (source && source->isSelfContained && content->GetRevision() == source->baseRevision) {
-        QPDFObjectHandle kept = maker.FindSourceObject(source->object);
-        if (kept.isStream()) {
-            return kept.copyStream();
+    const bool isUnchanged = source && content->GetRevision() == source->baseRevision;
+    if (isUnchanged && source->isSelfContained && kept.MayKeep(*content)) {
+        QPDFObjectHandle original = maker.FindSourceObject(source->object);
+        if (original.isStream()) {
+            Keep(*content);
+            return original.copyStream();
         }
     }
     Task task;
@@ -59,6 +61,30 @@ QPDFObjectHandle NestedWriter::AddContent(const std::shared_ptr<const OrvDoc::Co
     task.stream = QPDFObjectHandle::newStream(&maker.GetFile());
     tasks.push_back(task);
     return task.stream;
+}
+
+void NestedWriter::Keep(const OrvDoc::Content& content)
+{
+    std::vector<const OrvDoc::Content*> open{&content};
+    while (!open.empty()) {
+        const OrvDoc::Content& next = *open.back();
+        open.pop_back();
+        if (!seenKept.insert(&next).second) {
+            continue;
+        }
+        for (const NestedContent& inside : ListNestedContents(next)) {
+            const NestedSource* const source = inside.form ? kept.FindSource(*inside.form) : nullptr;
+            if (source && source->isSelfContained) {
+                GetForm({inside.form, nullptr, Matrix(), source->isGroup, source->isIsolated,
+                         source->isKnockout});
+                continue;
+            }
+            if (source) {
+                MoveReference(maker.FindSourceObject(source->object), *inside.form);
+            }
+            open.push_back(inside.content);
+        }
+    }
 }
 
 void NestedWriter::Write(const Task& task, ResourcesWriter& resources, std::vector<std::string>& texts,

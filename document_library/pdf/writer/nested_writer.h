@@ -13,6 +13,7 @@
 #include <qpdf/QPDFObjectHandle.hh>
 
 #include "pdf/writer/content_text.h"
+#include "pdf/writer/kept_contents.h"
 #include "pdf/writer/nested_reference.h"
 #include "pdf/writer/writing_problems.h"
 
@@ -45,7 +46,8 @@ class SeparationSpaces;
 /// It is made when it is first asked for and written later, one after the other, so that depth costs no
 /// stack. What forms, soft masks and patterns are beside their contents stands in files of their own.
 ///
-/// A content that was read from the same file, and that nobody changed, keeps its stream.
+/// A content that was read from the same file, and that nobody changed nor what is inside of it, keeps its
+/// stream. A form stays the object that it is.
 class NestedWriter
 {
 public:
@@ -55,7 +57,8 @@ public:
         : document(givenDocument),
           maker(givenMaker),
           separations(givenSeparations),
-          folder(std::move(givenFolder))
+          folder(std::move(givenFolder)),
+          kept(givenDocument)
     {}
 
     /// The object of a form. One that was read from the same file, and whose paint nobody changed, stays the
@@ -68,6 +71,12 @@ public:
 
     /// The object of a tiling pattern.
     QPDFObjectHandle GetTiling(const std::shared_ptr<const OrvPaint::PatternPaint>& paint);
+
+    /// Whether the content of a page, which nobody changed, may be kept as it stands in the file: what is
+    /// inside of it can be.
+    bool MayKeep(const OrvDoc::Content& content) { return kept.MayKeep(content); }
+    /// To be called for a content that is kept: sees to what was changed of the forms inside.
+    void Keep(const OrvDoc::Content& content);
 
     /// Writes what was asked for since the last call, and what that asks for. `place` is where it is used:
     /// "page 3". Returns the texts of the active errors.
@@ -96,6 +105,9 @@ private:
 
     // nested_forms.cpp
     QPDFObjectHandle FindKeptForm(const FormReference& reference);
+    /// Makes sure of the form as the file has it, to which one of another kind is tied.
+    void GetFormOfFile(const FormReference& reference);
+    void MoveReference(QPDFObjectHandle form, const OrvPaint::FormPaint& paint);
     QPDFObjectHandle MakeForm(const FormReference& reference);
     QPDFObjectHandle MakeGroupForm(const FormReference& reference);
     void SetBox(QPDFObjectHandle dictionary,
@@ -126,6 +138,8 @@ private:
     ObjectMaker& maker;
     SeparationSpaces& separations;
     boost::filesystem::path folder;
+    KeptContents kept;
+    std::set<const OrvDoc::Content*> seenKept;
     std::map<FormKey, QPDFObjectHandle> forms;
     /// The first object of each paint: others of the same paint name it.
     std::map<const OrvPaint::FormPaint*, QPDFObjectHandle> firstForms;

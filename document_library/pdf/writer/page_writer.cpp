@@ -1,6 +1,7 @@
 #include "pdf/writer/page_writer.h"
 
 #include <array>
+#include <iterator>
 
 #include <qpdf/QPDF.hh>
 
@@ -58,6 +59,11 @@ QPDFObjectHandle MakeBox(const Rectangle& box, const char* key, WritingProblems&
     return object;
 }
 
+void AppendTexts(std::vector<std::string> added, std::vector<std::string>& texts)
+{
+    texts.insert(texts.end(), std::make_move_iterator(added.begin()), std::make_move_iterator(added.end()));
+}
+
 } // namespace
 
 std::vector<std::string> PageWriter::Write(const OrvDoc::Page& page, const PageEntry& entry)
@@ -76,9 +82,12 @@ std::vector<std::string> PageWriter::Write(const OrvDoc::Page& page, const PageE
     WriteGroup(page, dictionary);
     const std::string place = "page " + std::to_string(page.GetPageIndex() + 1);
     const bool hasUnmodelled = source && source->GetInterpretation().hasUnmodelled;
-    if (hasUnmodelled && content.GetRevision() == source->GetBaseRevision()) {
+    if (hasUnmodelled && content.GetRevision() == source->GetBaseRevision() && nested.MayKeep(content)) {
         KeepContent(*source, dictionary);
-        return problems.GetTexts(place);
+        nested.Keep(content);
+        std::vector<std::string> texts = problems.GetTexts(place);
+        AppendTexts(nested.WriteAll(resources, place), texts);
+        return texts;
     }
     WrittenContent written = WriteContent(content, separations, ContentStart::Page);
     WriteContentAnew(written, dictionary);
@@ -86,12 +95,8 @@ std::vector<std::string> PageWriter::Write(const OrvDoc::Page& page, const PageE
         problems.Add("the content was changed and is written without what was not read of it");
     }
     std::vector<std::string> texts = problems.GetTexts(place);
-    for (std::string& text : written.problems.GetTexts(place)) {
-        texts.push_back(std::move(text));
-    }
-    for (std::string& text : nested.WriteAll(resources, place)) {
-        texts.push_back(std::move(text));
-    }
+    AppendTexts(written.problems.GetTexts(place), texts);
+    AppendTexts(nested.WriteAll(resources, place), texts);
     return texts;
 }
 

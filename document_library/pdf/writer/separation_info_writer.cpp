@@ -1,11 +1,13 @@
 #include "pdf/writer/separation_info_writer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <set>
 
 #include <orv_color/color_space.h>
 
 #include "pdf/number_text.h"
+#include "pdf/reader/qpdf_text.h"
 #include "pdf/writer/object_maker.h"
 
 namespace OrvPdf
@@ -52,6 +54,17 @@ QPDFObjectHandle MakeItem(const std::string& name)
     return item;
 }
 
+std::vector<std::string> FindHidden(QPDFObjectHandle list)
+{
+    std::vector<std::string> names;
+    for (QPDFObjectHandle item : list.isArray() ? list.getArrayAsVector() : std::vector<QPDFObjectHandle>()) {
+        if (IsTrue(GetEntry(item, "/Hidden")) && GetEntry(item, "/Name").isName()) {
+            names.push_back(GetNameText(GetEntry(item, "/Name")));
+        }
+    }
+    return names;
+}
+
 } // namespace
 
 void WriteSeparationInfo(const std::vector<OrvDoc::Separation::Entry>& entries,
@@ -72,13 +85,17 @@ void WriteSeparationInfo(const std::vector<OrvDoc::Separation::Entry>& entries,
         }
         items.push_back(item);
     }
-    for (const std::string& name : named) {
+    const auto hide = [&](const std::string& name) {
         if (listed.insert(name).second) {
             QPDFObjectHandle item = MakeItem(name);
             item.replaceKey("/Hidden", QPDFObjectHandle::newBool(true));
             items.push_back(item);
         }
-    }
+    };
+    std::for_each(named.begin(), named.end(), hide);
+    // What stays as it stands in the file may name those that were hidden there.
+    const std::vector<std::string> hidden = FindHidden(catalogue.getKey("/OrvSeparations"));
+    std::for_each(hidden.begin(), hidden.end(), hide);
     if (items.empty()) {
         catalogue.removeKey("/OrvSeparations");
         return;

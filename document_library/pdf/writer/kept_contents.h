@@ -1,0 +1,56 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace OrvDoc
+{
+class Content;
+class Document;
+} // namespace OrvDoc
+
+namespace OrvPaint
+{
+class FormPaint;
+}
+
+namespace OrvPdf
+{
+
+class NestedSource;
+
+/// A content that an object of another one paints with.
+struct NestedContent
+{
+    const OrvDoc::Content* content;
+    /// Null for the cell of a pattern and for a soft mask.
+    std::shared_ptr<const OrvPaint::FormPaint> form;
+};
+
+/// The contents that the objects of a content paint with, in order, those inside of them left out. One may be
+/// listed several times. Linear in the objects.
+std::vector<NestedContent> ListNestedContents(const OrvDoc::Content& content);
+
+/// Which contents that were read from a file can stay there as they stand.
+class KeptContents
+{
+public:
+    explicit KeptContents(const OrvDoc::Document& givenDocument) : document(givenDocument) {}
+
+    /// Where a form comes from; null if it wasn't read from the document's file, or has other properties than
+    /// there.
+    const NestedSource* FindSource(const OrvPaint::FormPaint& form) const;
+
+    /// Whether a content that nobody changed since it was read can stay as it stands: what was changed inside
+    /// of it are only forms that can be written in the place where they stand. Each content is walked once.
+    bool MayKeep(const OrvDoc::Content& content);
+
+private:
+    bool MayKeep(const NestedContent& inside);
+
+    const OrvDoc::Document& document;
+    std::map<const OrvDoc::Content*, bool> known;
+};
+
+} // namespace OrvPdf
