@@ -1,11 +1,13 @@
 #include "support/random_documents.h"
 
+#include "support/random_forms.h"
 #include "support/random_objects.h"
 #include "support/random_states.h"
 
 #include <harrow_support/content_generator.h>
 
 #include <orv_color/gen_color_profiles.h>
+#include <orv_doc/content.h>
 #include <orv_doc/dump.h>
 #include <orv_doc/errors.h>
 #include <orv_doc/group.h>
@@ -24,11 +26,20 @@ namespace
 using Random = std::mt19937;
 using Layers = std::vector<std::shared_ptr<OrvDoc::LayerProperties>>;
 
+/// What the objects of a document are made of.
+struct Material
+{
+    OrvDoc::Document& document;
+    Layers layers;
+    /// Those that are made already. A form is among them when its content is, so none holds itself.
+    std::vector<std::shared_ptr<const OrvPaint::FormPaint>> forms;
+};
+
 std::vector<PlannedObject> PlanObjects(Random& random, int depth)
 {
     std::vector<PlannedObject> objects(random() % (depth == 0 ? 12 : 5));
     for (PlannedObject& object : objects) {
-        object.kind = random() % 3 != 0 ? PlannedKind::Path : static_cast<PlannedKind>(random() % 9);
+        object.kind = random() % 3 != 0 ? PlannedKind::Path : static_cast<PlannedKind>(random() % 11 % 10);
         object.seed = static_cast<std::uint32_t>(random());
         if (CanHaveChildren(object.kind) && depth < 5) {
             object.children = PlanObjects(random, depth + 1);
@@ -94,17 +105,36 @@ void MakeOutputIntent(OrvDoc::Document& document, Random& random)
     document.SetOutputIntent(intent);
 }
 
-void AddObjects(ContentGenerator& generator, const std::vector<PlannedObject>& plans, const Layers& layers)
+void AddObjects(ContentGenerator& generator, const std::vector<PlannedObject>& plans, Material& material);
+
+std::shared_ptr<const OrvPaint::FormPaint> PlanForm(const PlannedObject& plan, Random& random,
+                                                    Material& material)
+{
+    if (!material.forms.empty() && random() % 3 == 0) {
+        return material.forms[random() % material.forms.size()];
+    }
+    auto content = std::make_shared<OrvDoc::Content>(material.document, OrvDoc::Content::Type::FormContent);
+    content->SetBlendColorSpace(RandomBlendColorSpace(random));
+    content->SetTransferFunctionSet(RandomTransferFunctions(random));
+    ContentGenerator generator(*content);
+    AddObjects(generator, plan.children, material);
+    material.forms.push_back(RandomForm(std::move(content), random));
+    return material.forms.back();
+}
+
+void AddObjects(ContentGenerator& generator, const std::vector<PlannedObject>& plans, Material& material)
 {
     for (const PlannedObject& plan : plans) {
         Random random(plan.seed);
-        if (plan.kind == PlannedKind::Layer && plan.seed % 2 == 0) {
+        if (plan.kind == PlannedKind::Form) {
+            generator.Add(RandomInstance(PlanForm(plan, random, material), random));
+        } else if (plan.kind == PlannedKind::Layer && plan.seed % 2 == 0) {
             generator.BeginLayer(RandomName(random));
-            AddObjects(generator, plan.children, layers);
+            AddObjects(generator, plan.children, material);
             generator.EndLayer();
         } else if (CanHaveChildren(plan.kind)) {
-            generator.BeginGroup(MakeGroup(plan.kind, random, layers));
-            AddObjects(generator, plan.children, layers);
+            generator.BeginGroup(MakeGroup(plan.kind, random, material.layers));
+            AddObjects(generator, plan.children, material);
             generator.EndGroup();
         } else {
             generator.Add(MakeLeaf(plan.kind, random));
@@ -183,7 +213,7 @@ std::unique_ptr<OrvDoc::Document> MakeDocument(const PlannedDocument& plan)
     Random random(plan.seed);
     MakeLayers(*document, random);
     // Those that the objects make for themselves are not among them.
-    const Layers layers = document->GetLayers().GetAllLayers();
+    Material material{*document, document->GetLayers().GetAllLayers(), {}};
     MakeSeparations(*document, random);
     MakeOutputIntent(*document, random);
     for (const PlannedPage& pagePlan : plan.pages) {
@@ -198,7 +228,7 @@ std::unique_ptr<OrvDoc::Document> MakeDocument(const PlannedDocument& plan)
         page.GetContent().SetBlendColorSpace(RandomBlendColorSpace(pageRandom));
         page.SetTransferFunctionSet(RandomTransferFunctions(pageRandom));
         ContentGenerator generator(page.GetContent());
-        AddObjects(generator, pagePlan.objects, layers);
+        AddObjects(generator, pagePlan.objects, material);
     }
     return document;
 }

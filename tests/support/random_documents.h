@@ -24,6 +24,8 @@ enum class PlannedKind
     Layer,
     MarkedContent,
     MarkedPoint,
+    /// Its children are the content of the form. Some show a form again that was made before.
+    Form,
 };
 
 /// An object of a random document. Everything about it but its kind and its children follows from its own

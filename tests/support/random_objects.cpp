@@ -129,6 +129,9 @@ void SetRandomGroupParts(OrvDoc::Group& group, Random& random)
     if (random() % 3 == 0) {
         group.SetTransformation(RandomMatrix(random));
     }
+    if (random() % 2 == 0) {
+        SetRandomBlending(group, random);
+    }
 }
 
 OrvDoc::LogicalLayerExpression
@@ -237,6 +240,24 @@ double RandomCoordinate(Random& random)
     }
 }
 
+Plexa::TransformationBase<Plexa::MilliPointCoordinateSystem> RandomMatrix(Random& random)
+{
+    const auto number = [&random] {
+        return static_cast<double>(static_cast<int>(random() % 4001) - 2000) / 997.0;
+    };
+    switch (random() % 6) {
+    case 0:
+        return Matrix(0.1, 0.0, 0.0, 0.1, 0.0, 0.0);
+    case 1:
+        return Matrix(1.0, 0.0, 0.0, 1.0, RandomCoordinate(random), RandomCoordinate(random));
+    case 2:
+        return Matrix(number(), number(), number(), number(), RandomCoordinate(random),
+                      RandomCoordinate(random));
+    default:
+        return Matrix();
+    }
+}
+
 Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> RandomBox(Random& random)
 {
     const double x = random() % 2 == 0 ? 0.0 : RandomCoordinate(random) / 1e3;
@@ -255,24 +276,6 @@ OrvDoc::BlendColorSpace RandomBlendColorSpace(Random& random)
             ColorSpace::ICCBased(OrvColor::GenColorProfiles::Instance().GetDefaultRgbProfile(true)));
     default:
         return OrvDoc::BlendColorSpace();
-    }
-}
-
-Matrix RandomMatrix(Random& random)
-{
-    const auto number = [&random] {
-        return static_cast<double>(static_cast<int>(random() % 4001) - 2000) / 997.0;
-    };
-    switch (random() % 6) {
-    case 0:
-        return Matrix(0.1, 0.0, 0.0, 0.1, 0.0, 0.0);
-    case 1:
-        return Matrix(1.0, 0.0, 0.0, 1.0, RandomCoordinate(random), RandomCoordinate(random));
-    case 2:
-        return Matrix(number(), number(), number(), number(), RandomCoordinate(random),
-                      RandomCoordinate(random));
-    default:
-        return Matrix();
     }
 }
 

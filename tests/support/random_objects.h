@@ -27,9 +27,10 @@ std::string RandomName(std::mt19937& random);
 OrvColor::Component RandomTint(std::mt19937& random);
 /// Milli-points: whole ones, ones with many digits, tiny and huge ones.
 double RandomCoordinate(std::mt19937& random);
+/// Mostly the identity; with or without inverse.
+Plexa::TransformationBase<Plexa::MilliPointCoordinateSystem> RandomMatrix(std::mt19937& random);
 Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> RandomBox(std::mt19937& random);
 OrvDoc::BlendColorSpace RandomBlendColorSpace(std::mt19937& random);
-Plexa::TransformationBase<Plexa::MilliPointCoordinateSystem> RandomMatrix(std::mt19937& random);
 /// A colour space of any family but patterns and indexed colours.
 OrvColor::ColorSpace::Pointer RandomSpace(std::mt19937& random);
 /// Any colour: as a list of separations, or in a colour space of any family.

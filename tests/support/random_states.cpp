@@ -147,10 +147,10 @@ void SetRandomHalftones(OrvDoc::Path& path, Random& random)
     }
 }
 
-void SetRandomBlending(OrvDoc::Path& path, Random& random)
+void SetRandomBlending(OrvDoc::Blendable& object, Random& random)
 {
     if (random() % 3 == 0) {
-        path.SetTransparency(RandomTransparency(random));
+        object.SetTransparency(RandomTransparency(random));
     }
 }
 

@@ -14,8 +14,8 @@ namespace HarrowSupport::Testing
 
 /// Those of a content; nothing for most.
 boost::optional<OrvDoc::TransferFunctionSet> RandomTransferFunctions(std::mt19937& random);
-/// Gives some paths a transparency.
-void SetRandomBlending(OrvDoc::Path& path, std::mt19937& random);
+/// Gives some objects a transparency.
+void SetRandomBlending(OrvDoc::Blendable& object, std::mt19937& random);
 /// Gives some paths halftones.
 void SetRandomHalftones(OrvDoc::Path& path, std::mt19937& random);
 
