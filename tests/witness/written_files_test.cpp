@@ -6,15 +6,10 @@
 #include <orv_doc/write_options.h>
 
 #include "support/child_process.h"
-#include "support/file_bytes.h"
+#include "support/page_images.h"
 #include "support/temporary_folder.h"
 
-#include <boost/filesystem/operations.hpp>
-
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <algorithm>
 
 namespace HarrowSupport::Testing
 {
@@ -24,31 +19,6 @@ namespace
 std::string NameOfExample(const std::string& file)
 {
     return std::string(HARROW_SOURCE_FOLDER) + "/examples/data/" + file;
-}
-
-bool IsInstalled(const std::string& program)
-{
-    return RunProcess({program, "-v"}).exitCode != 127;
-}
-
-// The pages as pictures, in order.
-std::vector<std::string> Render(const TemporaryFolder& folder, const std::string& prefix,
-                                const std::string& file)
-{
-    const ProcessResult run = RunProcess({"pdftoppm", "-r", "72", file, folder.NameOf(prefix)});
-    EXPECT_EQ(run.exitCode, 0) << run.errors;
-    std::vector<boost::filesystem::path> names;
-    for (const auto& entry : boost::filesystem::directory_iterator(folder.GetPath())) {
-        if (entry.path().filename().string().rfind(prefix + "-", 0) == 0) {
-            names.push_back(entry.path());
-        }
-    }
-    std::sort(names.begin(), names.end());
-    std::vector<std::string> pictures;
-    for (const auto& name : names) {
-        pictures.push_back(FileBytes(name.string()));
-    }
-    return pictures;
 }
 
 class WrittenFiles : public ::testing::TestWithParam<const char*>
@@ -65,7 +35,7 @@ protected:
 
 TEST_P(WrittenFiles, AreSoundToQpdf)
 {
-    if (!IsInstalled("qpdf")) {
+    if (RunProcess({"qpdf", "--version"}).exitCode == 127) {
         GTEST_SKIP() << "install qpdf to run this test";
     }
     const ProcessResult check = RunProcess({"qpdf", "--check", folder.NameOf("out.pdf")});
@@ -74,11 +44,11 @@ TEST_P(WrittenFiles, AreSoundToQpdf)
 
 TEST_P(WrittenFiles, LookTheSameToPdftoppm)
 {
-    if (!IsInstalled("pdftoppm")) {
+    if (!CanRenderPages()) {
         GTEST_SKIP() << "install poppler-utils to run this test";
     }
-    const auto before = Render(folder, "before", NameOfExample(GetParam()));
-    const auto after = Render(folder, "after", folder.NameOf("out.pdf"));
+    const PageImages before = RenderPages(NameOfExample(GetParam()));
+    const PageImages after = RenderPages(folder.NameOf("out.pdf"));
     ASSERT_FALSE(before.empty());
     // Not as texts: nobody wants to read the difference of two pictures.
     EXPECT_TRUE(before == after) << "compare the pages of " << GetParam() << " and of its rewritten form";
