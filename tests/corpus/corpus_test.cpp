@@ -1,7 +1,6 @@
-// Runs the example programs over a folder of real files, sound and damaged ones: that of HARROW_CORPUS_DIR in
-// the environment, or else the one that the build was configured with. Each program runs in a process of its
-// own, so that a file that brings one down does not take the others with it. The table of outcomes goes to
-// standard output and to corpus-outcomes.tsv in the build folder.
+// Runs the example programs over a folder of real files, sound and damaged ones. Each program runs in a
+// process of its own, so that a file that brings one down does not take the others with it. The table of
+// outcomes goes to standard output and to corpus-outcomes.tsv in the build folder.
 
 #include "support/corpus_run.h"
 
@@ -10,9 +9,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <cstdint>
-#include <cstdlib>
 #include <fstream>
 #include <iostream>
 #include <map>
@@ -27,25 +23,6 @@ namespace
 using ::testing::AnyOf;
 using ::testing::HasSubstr;
 using ::testing::Not;
-
-std::string CorpusFolder()
-{
-    const char* folder = std::getenv("HARROW_CORPUS_DIR");
-    return folder != nullptr ? folder : HARROW_CORPUS_FOLDER;
-}
-
-/// Ten seconds and a gibibyte are far more than any file of the corpus needs that is not out for harm.
-ProcessLimits CorpusLimits()
-{
-    ProcessLimits limits;
-#if defined(__SANITIZE_ADDRESS__)
-    limits.time = std::chrono::seconds(60);
-#else
-    limits.time = std::chrono::seconds(10);
-    limits.addressSpace = std::uint64_t(1) << 30;
-#endif
-    return limits;
-}
 
 class Corpus : public ::testing::Test
 {

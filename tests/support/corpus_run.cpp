@@ -6,6 +6,9 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <cstdlib>
 #include <exception>
 #include <fstream>
 #include <iomanip>
@@ -22,11 +25,6 @@ namespace
 
 using Row = std::vector<std::string>;
 
-std::string ExampleProgram(const std::string& name)
-{
-    return std::string(HARROW_EXAMPLES_FOLDER) + "/" + name;
-}
-
 std::size_t CountLinesWithStart(const std::string& text, const std::string& start)
 {
     std::size_t count = 0;
@@ -34,17 +32,6 @@ std::size_t CountLinesWithStart(const std::string& text, const std::string& star
     for (std::string line; std::getline(lines, line);)
         count += line.compare(0, start.size(), start) == 0 ? 1 : 0;
     return count;
-}
-
-std::vector<std::string> FilesBelow(const boost::filesystem::path& folder)
-{
-    std::vector<std::string> files;
-    for (const auto& entry : boost::filesystem::recursive_directory_iterator(folder)) {
-        if (boost::filesystem::is_regular_file(entry.path()) && entry.path().extension() == ".pdf")
-            files.push_back(boost::filesystem::relative(entry.path(), folder).generic_string());
-    }
-    std::sort(files.begin(), files.end());
-    return files;
 }
 
 RoundTripOutcome MakeRoundTrip(const std::string& file, std::vector<std::string> options,
@@ -119,17 +106,49 @@ std::vector<Row> TableOf(const std::vector<CorpusOutcome>& outcomes)
 
 } // namespace
 
-std::vector<CorpusOutcome> RunOverFolder(const std::string& folder, const ProcessLimits& limits)
+std::string CorpusFolder()
 {
-    const std::vector<std::string> files = FilesBelow(folder);
-    std::vector<CorpusOutcome> outcomes(files.size());
+    const char* folder = std::getenv("HARROW_CORPUS_DIR");
+    return folder != nullptr ? folder : HARROW_CORPUS_FOLDER;
+}
+
+ProcessLimits CorpusLimits()
+{
+    ProcessLimits limits;
+#if defined(__SANITIZE_ADDRESS__)
+    limits.time = std::chrono::seconds(60);
+#else
+    limits.time = std::chrono::seconds(10);
+    limits.addressSpace = std::uint64_t(1) << 30;
+#endif
+    return limits;
+}
+
+std::vector<std::string> ListCorpusFiles(const std::string& folder)
+{
+    std::vector<std::string> files;
+    for (const auto& entry : boost::filesystem::recursive_directory_iterator(folder)) {
+        if (boost::filesystem::is_regular_file(entry.path()) && entry.path().extension() == ".pdf")
+            files.push_back(boost::filesystem::relative(entry.path(), folder).generic_string());
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+std::string ExampleProgram(const std::string& name)
+{
+    return std::string(HARROW_EXAMPLES_FOLDER) + "/" + name;
+}
+
+void ForEachAtOnce(std::size_t count, const std::function<void(std::size_t)>& work)
+{
     std::atomic<std::size_t> next{0};
     std::mutex failureMutex;
     std::exception_ptr failure;
-    const auto work = [&] {
+    const auto workOn = [&] {
         try {
-            for (std::size_t i = next++; i < files.size(); i = next++)
-                outcomes[i] = RunOver(folder, files[i], limits);
+            for (std::size_t i = next++; i < count; i = next++)
+                work(i);
         } catch (...) {
             const std::lock_guard<std::mutex> lock(failureMutex);
             failure = std::current_exception();
@@ -137,11 +156,18 @@ std::vector<CorpusOutcome> RunOverFolder(const std::string& folder, const Proces
     };
     std::vector<std::thread> workers(std::max(1u, std::thread::hardware_concurrency()));
     for (std::thread& worker : workers)
-        worker = std::thread(work);
+        worker = std::thread(workOn);
     for (std::thread& worker : workers)
         worker.join();
     if (failure)
         std::rethrow_exception(failure);
+}
+
+std::vector<CorpusOutcome> RunOverFolder(const std::string& folder, const ProcessLimits& limits)
+{
+    const std::vector<std::string> files = ListCorpusFiles(folder);
+    std::vector<CorpusOutcome> outcomes(files.size());
+    ForEachAtOnce(files.size(), [&](std::size_t i) { outcomes[i] = RunOver(folder, files[i], limits); });
     return outcomes;
 }
 
@@ -172,13 +198,18 @@ std::string Verdict(const RoundTripOutcome& outcome)
     }
 }
 
-void WriteTable(std::ostream& stream, const std::vector<CorpusOutcome>& outcomes)
+void WriteTabbed(std::ostream& stream, const std::vector<std::vector<std::string>>& rows)
 {
-    for (const Row& row : TableOf(outcomes)) {
+    for (const Row& row : rows) {
         for (std::size_t i = 0; i < row.size(); ++i)
             stream << (i == 0 ? "" : "\t") << row[i];
         stream << '\n';
     }
+}
+
+void WriteTable(std::ostream& stream, const std::vector<CorpusOutcome>& outcomes)
+{
+    WriteTabbed(stream, TableOf(outcomes));
 }
 
 void WriteAlignedTable(std::ostream& stream, const std::vector<CorpusOutcome>& outcomes)

@@ -3,6 +3,7 @@
 #include "support/child_process.h"
 
 #include <cstddef>
+#include <functional>
 #include <iosfwd>
 #include <map>
 #include <string>
@@ -10,6 +11,28 @@
 
 namespace HarrowSupport::Testing
 {
+
+/// The folder of real files: that of HARROW_CORPUS_DIR in the environment, or else the one that the build was
+/// configured with. It need not be there.
+std::string CorpusFolder();
+
+/// What a program may use for one file. Ten seconds and a gibibyte are far more than any file of the corpus
+/// needs that is not out for harm.
+ProcessLimits CorpusLimits();
+
+/// All files `*.pdf` below a folder, sorted; relative to it, with forward slashes.
+/// @throws boost::filesystem::filesystem_error
+std::vector<std::string> ListCorpusFiles(const std::string& folder);
+
+/// Calls `work` for each number below `count`, several at once. A call that throws ends the others of its
+/// thread; the last exception leaves this function.
+void ForEachAtOnce(std::size_t count, const std::function<void(std::size_t)>& work);
+
+/// The file of an example program.
+std::string ExampleProgram(const std::string& name);
+
+/// The rows with tabs between the columns.
+void WriteTabbed(std::ostream& stream, const std::vector<std::vector<std::string>>& rows);
 
 /// A run of save_and_reopen.
 struct RoundTripOutcome

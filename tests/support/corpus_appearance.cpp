@@ -1,0 +1,143 @@
+// The program that rewrites names the pages that lose something: those are not compared, and a file of which
+// every page loses something is not rendered at all.
+
+#include "corpus_appearance.h"
+
+#include "corpus_run.h"
+#include "page_images.h"
+#include "temporary_folder.h"
+
+#include <boost/filesystem/operations.hpp>
+
+#include <algorithm>
+#include <iomanip>
+#include <numeric>
+#include <ostream>
+#include <sstream>
+
+namespace HarrowSupport::Testing
+{
+
+namespace
+{
+
+/// The pages of errors `error <tab> page <number> <tab> ...` that tell of a loss.
+std::set<std::size_t> LossyPages(const std::string& output)
+{
+    const std::string start = "error\tpage ";
+    std::set<std::size_t> pages;
+    std::istringstream lines(output);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.compare(0, start.size(), start) == 0 &&
+            line.find("is written without what was not read of it") != std::string::npos)
+            pages.insert(std::stoul(line.substr(start.size())));
+    }
+    return pages;
+}
+
+double ShareOf(const PageImages& left, const PageImages& right, std::size_t page)
+{
+    const auto leftImage = left.find(page);
+    const auto rightImage = right.find(page);
+    if (leftImage == left.end() || rightImage == right.end())
+        return 1.0;
+    return ShareOfDifferentPixels(leftImage->second, rightImage->second, channelTolerance);
+}
+
+AppearanceOutcome LookAt(const std::string& folder, const std::string& file, const ProcessLimits& limits)
+{
+    // A process that is stopped leaves its temporary files behind; they go with this folder.
+    const TemporaryFolder scratch;
+    const std::string original = folder + "/" + file;
+    const std::string rewritten = scratch.NameOf("rewritten.pdf");
+    AppearanceOutcome outcome;
+    outcome.file = file;
+    const ProcessResult rewriting =
+        RunProcess({ExampleProgram("save_and_reopen"), "--rewrite", "--keep", rewritten, original}, limits,
+                   {"TMPDIR=" + scratch.GetPath().string()});
+    outcome.isSaved = boost::filesystem::exists(rewritten);
+    if (!outcome.isSaved)
+        return outcome;
+    outcome.lossyPages = LossyPages(rewriting.output);
+    const std::size_t pages = CountPages(rewritten, limits);
+    if (outcome.lossyPages.size() >= pages)
+        return outcome;
+
+    const PageImages before = RenderPages(original, limits);
+    const PageImages after = RenderPages(rewritten, limits);
+    for (std::size_t page = 1; page <= pages; ++page) {
+        if (outcome.lossyPages.count(page) != 0)
+            continue;
+        if (before.count(page) == 0 && after.count(page) == 0)
+            outcome.pagesNotShown.insert(page);
+        else
+            outcome.shares[page] = ShareOf(before, after, page);
+    }
+    return outcome;
+}
+
+std::string Percent(double share)
+{
+    std::ostringstream stream;
+    stream << std::fixed << std::setprecision(4) << 100.0 * share;
+    return stream.str();
+}
+
+std::string Verdict(const AppearanceOutcome& outcome)
+{
+    if (!outcome.isSaved)
+        return "not saved";
+    if (outcome.shares.empty())
+        return outcome.lossyPages.empty() ? "not shown" : "not modelled";
+    return outcome.GetWorstShare() > shareTolerance ? "different" : "the same";
+}
+
+} // namespace
+
+double AppearanceOutcome::GetWorstShare() const
+{
+    double worst = 0.0;
+    for (const auto& page : shares)
+        worst = std::max(worst, page.second);
+    return worst;
+}
+
+std::vector<AppearanceOutcome> CompareAppearances(const std::string& folder, const ProcessLimits& limits)
+{
+    const std::vector<std::string> files = ListCorpusFiles(folder);
+    std::vector<AppearanceOutcome> outcomes(files.size());
+    ForEachAtOnce(files.size(), [&](std::size_t i) { outcomes[i] = LookAt(folder, files[i], limits); });
+    return outcomes;
+}
+
+void WriteTable(std::ostream& stream, const std::vector<AppearanceOutcome>& outcomes)
+{
+    std::vector<std::vector<std::string>> rows{
+        {"file", "verdict", "pages compared", "pages not modelled", "pages not shown", "worst share %"}};
+    for (const AppearanceOutcome& outcome : outcomes) {
+        rows.push_back({outcome.file, Verdict(outcome), std::to_string(outcome.shares.size()),
+                        std::to_string(outcome.lossyPages.size()),
+                        std::to_string(outcome.pagesNotShown.size()),
+                        outcome.shares.empty() ? "-" : Percent(outcome.GetWorstShare())});
+    }
+    WriteTabbed(stream, rows);
+}
+
+std::string Summary(const std::vector<AppearanceOutcome>& outcomes)
+{
+    const auto filesWith = [&](const char* verdict) {
+        return std::count_if(outcomes.begin(), outcomes.end(),
+                             [&](const AppearanceOutcome& outcome) { return Verdict(outcome) == verdict; });
+    };
+    const std::size_t pages = std::accumulate(
+        outcomes.begin(), outcomes.end(), std::size_t(0),
+        [](std::size_t sum, const AppearanceOutcome& outcome) { return sum + outcome.shares.size(); });
+    std::ostringstream stream;
+    stream << "appearance: " << outcomes.size() << " files, " << pages
+           << " pages compared: files that look the same " << filesWith("the same") << ", different "
+           << filesWith("different") << ", not modelled " << filesWith("not modelled") << ", not shown "
+           << filesWith("not shown") << ", not saved " << filesWith("not saved");
+    return stream.str();
+}
+
+} // namespace HarrowSupport::Testing
