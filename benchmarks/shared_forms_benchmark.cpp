@@ -12,21 +12,16 @@
 #include <harrow_support/comparators.h>
 #include <orv_doc/content.h>
 #include <orv_doc/document.h>
-#include <orv_doc/path.h>
-#include <orv_paint/form_paint.h>
 #include <orv_paint/pattern_paint.h>
-#include <plexa/geometry.h>
 
 #include "support/measure.h"
+#include "support/nested_documents.h"
 
 namespace
 {
 
 using namespace Benchmarks;
 using namespace HarrowSupport;
-using Box = Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem>;
-using ContentPointer = std::shared_ptr<OrvDoc::Content>;
-using PaintPointer = std::shared_ptr<const OrvPaint::Paint>;
 using Documents = std::pair<std::unique_ptr<OrvDoc::Document>, std::unique_ptr<OrvDoc::Document>>;
 
 /// A receiver of nothing: equal documents are compared.
@@ -40,70 +35,16 @@ public:
     }
 };
 
-std::unique_ptr<OrvDoc::Path> NewPath(std::size_t number, const PaintPointer& paint)
-{
-    const double x = static_cast<double>(number % 100) * 1000.0;
-    auto path = std::make_unique<OrvDoc::Path>(Plexa::GetRectangleCompound(Box(x, x, 900.0, 900.0)));
-    path->SetFillPaint(paint);
-    return path;
-}
-
-void AddPaths(OrvDoc::Content& content, std::size_t count, const std::vector<PaintPointer>& paints)
-{
-    for (std::size_t i = 0; i < count; ++i)
-        content.AddOnTop(NewPath(i, paints.empty() ? nullptr : paints[i % paints.size()]).release());
-}
-
-ContentPointer NewContent(OrvDoc::Document& document, OrvDoc::Content::Type type, std::size_t objects)
-{
-    auto content = std::make_shared<OrvDoc::Content>(document, type);
-    AddPaths(*content, objects, {});
-    return content;
-}
-
-std::unique_ptr<OrvDoc::Document> NewPage()
-{
-    auto document = OrvDoc::Document::CreateNew();
-    document->AddPage(Box(0.0, 0.0, 100000.0, 100000.0));
-    return document;
-}
-
-OrvDoc::Content& ContentOf(OrvDoc::Document& document)
-{
-    return document.GetPagesBegin()->GetContent();
-}
-
-std::unique_ptr<OrvDoc::Document> MakePlainDocument(std::size_t objects)
-{
-    auto document = NewPage();
-    AddPaths(ContentOf(*document), objects, {});
-    return document;
-}
-
-std::unique_ptr<OrvDoc::Document> MakeFormDocument(std::size_t users, std::size_t forms,
-                                                   std::size_t objectsInAForm)
-{
-    auto document = NewPage();
-    std::vector<PaintPointer> paints;
-    for (std::size_t i = 0; i < forms; ++i) {
-        paints.push_back(OrvPaint::FormPaint::Factory(
-                             NewContent(*document, OrvDoc::Content::Type::FormContent, objectsInAForm))
-                             .Get());
-    }
-    AddPaths(ContentOf(*document), users, paints);
-    return document;
-}
-
 std::unique_ptr<OrvDoc::Document> MakePatternDocument(std::size_t patterns)
 {
-    auto document = NewPage();
+    auto document = MakeEmptyPage();
     std::vector<PaintPointer> paints;
     for (std::size_t i = 0; i < patterns; ++i) {
         paints.push_back(OrvPaint::PatternPaint::Factory(
-                             NewContent(*document, OrvDoc::Content::Type::ColoredPatternContent, 1))
+                             MakeSquares(*document, OrvDoc::Content::Type::ColoredPatternContent, 1))
                              .Get());
     }
-    AddPaths(ContentOf(*document), patterns, paints);
+    AddSquares(ContentOf(*document), patterns, paints);
     return document;
 }
 
