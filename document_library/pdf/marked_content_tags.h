@@ -55,9 +55,11 @@ inline constexpr const char* baseKey = "/OrvBase";
 inline constexpr const char* sameFormKey = "/OrvForm";
 /// Of a pattern: another one whose cell is the same content.
 inline constexpr const char* sameCellKey = "/OrvCell";
-/// In a soft mask dictionary: the six numbers of the mask's transformation in full, where the form's `Matrix`
-/// is rounded since the mask is set under another matrix.
+/// In a soft mask dictionary that is set under a matrix: the six numbers of the mask's transformation in
+/// full, for the form's `Matrix` is rounded, and those of the matrix that it was written for. Set under
+/// another one the mask stands where the form's `Matrix` says.
 inline constexpr const char* maskMatrixKey = "/OrvMatrix";
+inline constexpr const char* maskSettingKey = "/OrvSetting";
 /// In the form of a soft mask, a boolean: the group's colour space is there because the standard asks for
 /// one.
 inline constexpr const char* noBlendSpaceKey = "/OrvNoBlendSpace";

@@ -95,9 +95,10 @@ bool Interpreter::ApplySoftMask(const PdfObject& value, const Arguments& argumen
     if (found.value) {
         use = found.value->Use(Plexa::Concatenate(state.matrix, GetBaseMatrix()), problem);
     }
+    // A mask that can't be read takes the place of the one before as well.
+    SetSoftMask(use ? use->mask : nullptr);
     if (use) {
         NoteReading(use->reading);
-        SetSoftMask(use->mask);
     } else {
         problems.Unmodelled("gs", "the soft mask of /" + Readable(name) + " is left out: " + problem, {},
                             arguments.Place());

@@ -57,6 +57,8 @@ public:
         std::shared_ptr<const ShadingResource> shading;
         /// A tiling pattern, which has the matrix itself.
         std::shared_ptr<TilingDefinition> tiling;
+        /// What the content calls it.
+        std::string name;
     };
 
     /// Null if there is none. The same object of the file gives the same shading wherever it is named.

@@ -84,12 +84,17 @@ std::shared_ptr<PdfTiling> DocumentResources::GetTiling(QPDFObjectHandle stream,
 
 std::shared_ptr<PdfMask> DocumentResources::GetMask(QPDFObjectHandle dictionary, QPDFObjectHandle around)
 {
+    QPDFObjectHandle stream = GetEntry(dictionary, "/G");
+    std::shared_ptr<MaskDrawing>& drawing = maskDrawings[stream.getObjGen()];
+    if (!drawing) {
+        drawing = std::make_shared<MaskDrawing>(*this, stream, around);
+    }
     if (!dictionary.isIndirect()) {
-        return std::make_shared<PdfMask>(*this, dictionary, around);
+        return std::make_shared<PdfMask>(*this, dictionary, drawing);
     }
     std::shared_ptr<PdfMask>& mask = masks[dictionary.getObjGen()];
     if (!mask) {
-        mask = std::make_shared<PdfMask>(*this, dictionary, around);
+        mask = std::make_shared<PdfMask>(*this, dictionary, drawing);
     }
     return mask;
 }

@@ -94,6 +94,7 @@ private:
     std::map<QPDFObjGen, std::shared_ptr<PdfForm>> forms;
     std::map<QPDFObjGen, std::shared_ptr<PdfTiling>> tilings;
     std::map<QPDFObjGen, std::shared_ptr<PdfMask>> masks;
+    std::map<QPDFObjGen, std::shared_ptr<MaskDrawing>> maskDrawings;
     NestedContentLock nestedContents;
 };
 

@@ -52,11 +52,11 @@ GraphicsState PdfForm::Begin(const GraphicsState& state, const Matrix& matrix)
     if (!mask) {
         return initial;
     }
-    for (const auto& [known, knownMatrix, seen] : masks) {
-        if (known == mask && knownMatrix == matrix) {
-            initial.blending.value.softMask = seen;
-            return initial;
-        }
+    const MaskKey key(mask, MakeMatrixKey(matrix));
+    const auto known = IsFinite(key.second) ? masks.find(key) : masks.end();
+    if (known != masks.end()) {
+        initial.blending.value.softMask = known->second;
+        return initial;
     }
     std::vector<std::string> problems;
     Matrix placement;
@@ -71,7 +71,9 @@ GraphicsState PdfForm::Begin(const GraphicsState& state, const Matrix& matrix)
         inverse ? Plexa::Concatenate(mask->GetTransformation(), *inverse) : mask->GetTransformation();
     initial.blending.value.softMask =
         OrvBlend::SoftMask::Factory(*mask).SetTransformation(transformation).Get();
-    masks.emplace_back(mask, matrix, initial.blending.value.softMask);
+    if (IsFinite(key.second)) {
+        masks.emplace(key, initial.blending.value.softMask);
+    }
     return initial;
 }
 
@@ -136,7 +138,7 @@ std::shared_ptr<const FormUse> PdfForm::MakeUse(NestedStream::Reading& reading, 
     use->isKnockout = isKnockout;
     use->usedParameters = interpretation.usedParameters;
     const bool isSelfContained = FindPeculiar(state, interpretation.usedParameters) == 0 && !layer &&
-                                 !reading.dependsOnResourcesAround;
+                                 !reading.dependsOnResourcesAround && !reading.isCut;
     use->isLossy = interpretation.hasUnmodelled && !isSelfContained;
 
     auto source = std::make_unique<NestedSource>();

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
-#include <tuple>
+#include <utility>
 #include <vector>
 
+#include "pdf/reader/matrix_key.h"
 #include "pdf/reader/nested_stream.h"
 
 namespace OrvPdf
@@ -51,9 +53,8 @@ private:
     Matrix base;
     std::vector<Variant> variants;
     /// Masks from around as the form sees them, by the mask and the matrix of the form.
-    std::vector<std::tuple<std::shared_ptr<const OrvBlend::SoftMask>, Matrix,
-                           std::shared_ptr<const OrvBlend::SoftMask>>>
-        masks;
+    using MaskKey = std::pair<std::shared_ptr<const OrvBlend::SoftMask>, MatrixKey>;
+    std::map<MaskKey, std::shared_ptr<const OrvBlend::SoftMask>> masks;
     /// The form whose content this one has too; null for its own.
     std::shared_ptr<PdfForm> same;
 };

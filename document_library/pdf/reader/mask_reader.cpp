@@ -1,7 +1,5 @@
 #include "pdf/reader/mask_reader.h"
 
-#include <algorithm>
-#include <cmath>
 #include <stdexcept>
 #include <utility>
 
@@ -14,6 +12,7 @@
 #include "pdf/reader/geometry_reader.h"
 #include "pdf/reader/nested_source.h"
 #include "pdf/reader/qpdf_text.h"
+#include "pdf/transfer_definition.h"
 
 namespace OrvPdf
 {
@@ -41,35 +40,46 @@ ColorSpace::Pointer SpaceOfComponents(std::size_t count)
     }
 }
 
-bool IsClose(double left, double right)
-{
-    return std::fabs(left - right) <= 1e-9 * std::max({1.0, std::fabs(left), std::fabs(right)});
-}
-
-/// Whether two matrices differ by rounding alone.
-bool AreClose(const Matrix& left, const Matrix& right)
-{
-    return IsClose(left.a, right.a) && IsClose(left.b, right.b) && IsClose(left.c, right.c) &&
-           IsClose(left.d, right.d) && IsClose(left.x.value, right.x.value) &&
-           IsClose(left.y.value, right.y.value);
-}
-
 } // namespace
 
-PdfMask::PdfMask(DocumentResources& givenDocument, QPDFObjectHandle givenDictionary, QPDFObjectHandle around)
-    : document(givenDocument),
-      dictionary(givenDictionary),
-      stream(givenDocument, GetEntry(givenDictionary, "/G"), "soft mask", around)
+MaskDrawing::MaskDrawing(DocumentResources& givenDocument, QPDFObjectHandle givenStream,
+                         QPDFObjectHandle around)
+    : stream(givenDocument, givenStream, "soft mask", around)
+{}
+
+std::shared_ptr<OrvDoc::Content> MaskDrawing::Get(std::string& problem)
+{
+    if (content || !stream.MayRead(problem))
+        return content;
+    NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::SoftMaskContent, nullptr);
+    auto source = std::make_unique<NestedSource>();
+    source->object = stream.GetStream().getObjectID();
+    source->isSelfContained = !reading.isCut;
+    source->hasUnmodelled = reading.interpretation.hasUnmodelled;
+    source->baseRevision = reading.content->GetRevision();
+    reading.content->SetSource(std::move(source));
+    told = stream.Tell(reading);
+    content = reading.content;
+    return content;
+}
+
+PdfMask::PdfMask(DocumentResources& givenDocument, QPDFObjectHandle givenDictionary,
+                 std::shared_ptr<MaskDrawing> givenDrawing)
+    : document(givenDocument), dictionary(givenDictionary), drawing(std::move(givenDrawing))
 {}
 
 std::shared_ptr<const MaskUse> PdfMask::Use(const Matrix& matrix, std::string& problem)
 {
-    const std::lock_guard<std::recursive_mutex> lock(document.GetNestedContents().mutex);
-    for (auto variant = variants.rbegin(); variant != variants.rend(); ++variant) {
-        if (variant->matrix == matrix)
-            return variant->use;
+    const MatrixKey key = MakeMatrixKey(matrix);
+    if (!IsFinite(key)) {
+        problem = "the matrix goes beyond all numbers";
+        return nullptr;
     }
-    const std::shared_ptr<OrvDoc::Content> content = GetDrawing(problem);
+    const std::lock_guard<std::recursive_mutex> lock(document.GetNestedContents().mutex);
+    const auto known = variants.find(key);
+    if (known != variants.end())
+        return known->second;
+    const std::shared_ptr<OrvDoc::Content> content = drawing->Get(problem);
     if (!content)
         return nullptr;
     if (variants.size() >= maximumVariants) {
@@ -84,30 +94,15 @@ std::shared_ptr<const MaskUse> PdfMask::Use(const Matrix& matrix, std::string& p
     }
     auto use = std::make_shared<MaskUse>();
     use->mask = fields->SetTransformation(FindTransformation(matrix)).Get();
-    use->reading = told;
-    variants.push_back({matrix, use});
+    use->reading = drawing->GetTold();
+    variants.emplace(key, use);
     return use;
-}
-
-std::shared_ptr<OrvDoc::Content> PdfMask::GetDrawing(std::string& problem)
-{
-    if (drawing || !stream.MayRead(problem))
-        return drawing;
-    NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::SoftMaskContent, nullptr);
-    auto source = std::make_unique<NestedSource>();
-    source->object = stream.GetStream().getObjectID();
-    source->hasUnmodelled = reading.interpretation.hasUnmodelled;
-    source->baseRevision = reading.content->GetRevision();
-    reading.content->SetSource(std::move(source));
-    told = stream.Tell(reading);
-    drawing = reading.content;
-    return drawing;
 }
 
 bool PdfMask::ReadFields(SoftMask::Factory& factory, std::string& problem)
 {
     const SourceFile::Access access(document.GetFile());
-    QPDFObjectHandle form = stream.GetStream();
+    QPDFObjectHandle form = drawing->GetStream();
     std::vector<std::string> problems;
     const std::string kind = GetNameText(GetEntry(dictionary, "/S"));
     if (kind != "Alpha" && kind != "Luminosity")
@@ -126,19 +121,23 @@ bool PdfMask::ReadFields(SoftMask::Factory& factory, std::string& problem)
 bool PdfMask::ReadBackdrop(SoftMask::Factory& factory, std::string& problem)
 {
     QPDFObjectHandle backdrop = GetEntry(dictionary, "/BC");
-    if (!backdrop.isArray())
+    if (backdrop.isNull())
         return true;
+    if (!backdrop.isArray()) {
+        problem = "BC is no array of numbers";
+        return false;
+    }
     std::vector<float> components;
     for (int index = 0; index < backdrop.getArrayNItems(); ++index) {
         std::string text;
-        double value = 0.0;
-        if (!GetNumberText(backdrop.getArrayItem(index), text) || !ParseNumber(text, 0, value)) {
+        float value = 0.0F;
+        if (!GetNumberText(backdrop.getArrayItem(index), text) || !ParseFloat(text, value)) {
             problem = "entry " + std::to_string(index + 1) + " of BC is no number";
             return false;
         }
-        components.push_back(static_cast<float>(value));
+        components.push_back(value);
     }
-    QPDFObjectHandle definition = GetEntry(GetEntry(stream.GetStream(), "/Group"), "/CS");
+    QPDFObjectHandle definition = GetEntry(GetEntry(drawing->GetStream(), "/Group"), "/CS");
     const ColorSpace::Pointer space = definition.isNull() ? SpaceOfComponents(components.size())
                                                           : document.GetColorSpace(definition, problem);
     if (!space || space->GetComponentCount() != components.size()) {
@@ -157,10 +156,16 @@ bool PdfMask::ReadTransferFunction(SoftMask::Factory& factory, std::string& prob
         return true;
     }
     const OrvSys::PdfObject definition = document.GetConverter().Convert(function, problem);
-    if (!problem.empty())
+    if (!problem.empty()) {
+        problem = "TR: " + problem;
         return false;
+    }
     try {
-        factory.SetTransferFunction(OrvPaint::MakeFunction(definition));
+        auto made = OrvPaint::MakeFunction(definition);
+        if (!IsTransferFunction(*made))
+            problem = "TR: it is no function from one number to one";
+        else
+            factory.SetTransferFunction(std::move(made));
     } catch (const std::logic_error& failure) {
         problem = std::string("TR: ") + failure.what();
     }
@@ -171,13 +176,16 @@ Matrix PdfMask::FindTransformation(const Matrix& matrix)
 {
     const SourceFile::Access access(document.GetFile());
     std::vector<std::string> problems;
-    const Matrix product =
-        Plexa::Concatenate(ReadMatrix(GetEntry(stream.GetStream(), "/Matrix"), "Matrix", problems), matrix);
-    QPDFObjectHandle stated = GetEntry(dictionary, Tags::maskMatrixKey);
-    if (stated.isNull())
-        return product;
-    const Matrix exact = ReadMatrix(stated, "OrvMatrix", problems);
-    return problems.empty() && AreClose(exact, product) ? exact : product;
+    QPDFObjectHandle exact = GetEntry(dictionary, Tags::maskMatrixKey);
+    QPDFObjectHandle expected = GetEntry(dictionary, Tags::maskSettingKey);
+    if (!exact.isNull() && !expected.isNull() &&
+        ReadMatrix(expected, Tags::maskSettingKey, problems) == matrix) {
+        const Matrix stated = ReadMatrix(exact, Tags::maskMatrixKey, problems);
+        if (problems.empty())
+            return stated;
+    }
+    return Plexa::Concatenate(ReadMatrix(GetEntry(drawing->GetStream(), "/Matrix"), "Matrix", problems),
+                              matrix);
 }
 
 } // namespace OrvPdf

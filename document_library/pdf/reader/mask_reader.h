@@ -1,33 +1,46 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include <orv_blend/soft_mask.h>
 
+#include "pdf/reader/matrix_key.h"
 #include "pdf/reader/nested_stream.h"
 
 namespace OrvPdf
 {
 
+/// The drawing of soft masks of a file. Any number of dictionaries may name one.
+class MaskDrawing
+{
+public:
+    /// `around` are the resources of the content that names it first. Needs an access to the file.
+    MaskDrawing(DocumentResources& givenDocument, QPDFObjectHandle givenStream, QPDFObjectHandle around);
+
+    /// Read when it is first asked for. Null, with the reason in `problem`, if it can't be read now.
+    std::shared_ptr<OrvDoc::Content> Get(std::string& problem);
+    /// What reading it met; null for nothing.
+    const std::shared_ptr<const NestedReading>& GetTold() const { return told; }
+    QPDFObjectHandle GetStream() const { return stream.GetStream(); }
+
+private:
+    NestedStream stream;
+    std::shared_ptr<OrvDoc::Content> content;
+    std::shared_ptr<const NestedReading> told;
+};
+
 /// A soft mask dictionary of a file (ISO 32000-1, 11.6.5.2). Its drawing is read when somebody sets it.
 class PdfMask : public MaskDefinition
 {
 public:
-    /// `around` are the resources of the content that names the mask first. Needs an access to the file.
-    PdfMask(DocumentResources& givenDocument, QPDFObjectHandle givenDictionary, QPDFObjectHandle around);
+    PdfMask(DocumentResources& givenDocument, QPDFObjectHandle givenDictionary,
+            std::shared_ptr<MaskDrawing> givenDrawing);
 
     std::shared_ptr<const MaskUse> Use(const Matrix& matrix, std::string& problem) override;
 
 private:
-    struct Variant
-    {
-        Matrix matrix;
-        std::shared_ptr<const MaskUse> use;
-    };
-
-    std::shared_ptr<OrvDoc::Content> GetDrawing(std::string& problem);
     /// What doesn't depend on where the mask is set.
     bool ReadFields(OrvBlend::SoftMask::Factory& factory, std::string& problem);
     bool ReadBackdrop(OrvBlend::SoftMask::Factory& factory, std::string& problem);
@@ -36,11 +49,9 @@ private:
 
     DocumentResources& document;
     QPDFObjectHandle dictionary;
-    NestedStream stream;
-    std::shared_ptr<OrvDoc::Content> drawing;
-    std::shared_ptr<const NestedReading> told;
+    std::shared_ptr<MaskDrawing> drawing;
     std::unique_ptr<OrvBlend::SoftMask::Factory> fields;
-    std::vector<Variant> variants;
+    std::map<MatrixKey, std::shared_ptr<const MaskUse>> variants;
 };
 
 } // namespace OrvPdf

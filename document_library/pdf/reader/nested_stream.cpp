@@ -60,6 +60,7 @@ bool NestedStream::MayRead(std::string& problem) const
     const std::uint32_t limit = document.GetFile().GetOptions().limits.formNesting;
     if (isOpen) {
         problem = "it is painted inside of itself";
+        ++document.GetNestedContents().cycles;
     } else if (document.GetNestedContents().depth >= limit) {
         problem = "it goes beyond the limit formNesting of " + std::to_string(limit);
     }
@@ -70,6 +71,7 @@ NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const Graph
                                          const Matrix& base)
 {
     const OpenMark mark(isOpen, document.GetNestedContents().depth);
+    const std::uint64_t cyclesBefore = document.GetNestedContents().cycles;
     const SourceFile& file = document.GetFile();
     const OrvDoc::ReadOptions::Limits& limits = file.GetOptions().limits;
     Reading reading{
@@ -99,6 +101,7 @@ NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const Graph
     // What has no place in the model may name resources that nobody asked for.
     reading.dependsOnResourcesAround =
         !hasOwnResources && (inner.HasFound() || reading.interpretation.hasUnmodelled);
+    reading.isCut = document.GetNestedContents().cycles != cyclesBefore;
     return reading;
 }
 

@@ -26,6 +26,8 @@ struct NestedContentLock
     std::recursive_mutex mutex;
     /// How many contents are being read, one inside of the other.
     std::uint32_t depth = 0;
+    /// How often one was found to be inside of itself.
+    std::uint64_t cycles = 0;
 };
 
 /// A stream of a file that is a content inside of others: a form, the cell of a pattern, the drawing of a
@@ -45,6 +47,9 @@ public:
         ErrorList errors;
         /// Whether it has no resources of its own and needs some.
         bool dependsOnResourcesAround = false;
+        /// Whether it ends where something inside of it would be inside of itself: it is one turn of a
+        /// circle, and written as a copy of the stream it would be one more.
+        bool isCut = false;
     };
 
     /// Whether it is being read.

@@ -1,26 +1,14 @@
-#include <cmath>
-
 #include <orv_doc/path.h>
 #include <orv_paint/pattern_paint.h>
 #include <plexa/geometry.h>
 
 #include "pdf/reader/inherited_parameters.h"
 #include "pdf/reader/interpreter.h"
+#include "pdf/reader/matrix_key.h"
 #include "pdf/reader/shading_resource.h"
 
 namespace OrvPdf
 {
-
-namespace
-{
-
-bool IsFinite(const Matrix& matrix)
-{
-    return std::isfinite(matrix.a) && std::isfinite(matrix.b) && std::isfinite(matrix.c) &&
-           std::isfinite(matrix.d) && std::isfinite(matrix.x.value) && std::isfinite(matrix.y.value);
-}
-
-} // namespace
 
 void Interpreter::SetPattern(PaintSetting& setting, const Arguments& arguments)
 {
@@ -31,6 +19,7 @@ void Interpreter::SetPattern(PaintSetting& setting, const Arguments& arguments)
     TakeColor(setting);
     setting.color = nullptr;
     setting.pattern = nullptr;
+    setting.patternColor = nullptr;
     setting.paint = nullptr;
     if (!setting.patternSpace) {
         problems.Unmodelled(operatorText, "a pattern while the colour space is not Pattern", name,
@@ -83,7 +72,8 @@ std::shared_ptr<const OrvPaint::Paint> Interpreter::MakeTilingPaint(const PaintS
     std::string problem;
     const std::shared_ptr<const PatternUse> use = tiling.Use(color, problem);
     if (!use) {
-        problems.Unmodelled({}, "a tiling pattern is left out: " + problem, {}, {});
+        problems.Unmodelled({}, "pattern /" + Readable(setting.pattern->name) + " is left out: " + problem,
+                            {}, {});
         return nullptr;
     }
     NoteReading(use->reading);
@@ -149,7 +139,7 @@ void Interpreter::PaintShading(const Arguments& arguments)
     }
     ShadingUse use;
     use.transformation = Plexa::Concatenate(state.matrix, GetBaseMatrix());
-    if (!IsFinite(use.transformation)) {
+    if (!IsFinite(MakeMatrixKey(use.transformation))) {
         problems.Unmodelled("sh", "the matrix goes beyond all numbers", name, arguments.Place());
         return;
     }

@@ -40,7 +40,7 @@ private:
     std::shared_ptr<const ShadingResource> ReadShading(QPDFObjectHandle definition, QPDFObjGen owner,
                                                        std::string& problem);
     std::shared_ptr<const Pattern> ReadShadingPattern(QPDFObjectHandle dictionary, std::string& problem);
-    std::shared_ptr<const Pattern> ReadTiling(QPDFObjectHandle stream);
+    std::shared_ptr<const Pattern> ReadTiling(QPDFObjectHandle stream, const std::string& name);
     OrvColor::ColorSpace::Pointer FindDefault(const std::string& deviceName, std::string& problem);
 
     DocumentResources& document;

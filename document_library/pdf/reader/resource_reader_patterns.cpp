@@ -94,9 +94,11 @@ ResourceReader::ReadShadingPattern(QPDFObjectHandle dictionary, std::string& pro
     return pattern;
 }
 
-std::shared_ptr<const ContentResources::Pattern> ResourceReader::ReadTiling(QPDFObjectHandle stream)
+std::shared_ptr<const ContentResources::Pattern> ResourceReader::ReadTiling(QPDFObjectHandle stream,
+                                                                            const std::string& name)
 {
     auto pattern = std::make_shared<Pattern>();
+    pattern->name = name;
     pattern->tiling = document.GetTiling(stream, resources);
     return pattern;
 }
@@ -114,7 +116,7 @@ std::shared_ptr<const ContentResources::Pattern> ResourceReader::FindPattern(con
         if (object.isDictionary() && type.isInteger() && type.getIntValue() == Shading)
             pattern = ReadShadingPattern(object, problem);
         else if (object.isStream() && type.isInteger() && type.getIntValue() == Tiling)
-            pattern = ReadTiling(object);
+            pattern = ReadTiling(object, name);
         else
             problem = "PatternType: it is no type of pattern";
     });

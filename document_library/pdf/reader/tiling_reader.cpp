@@ -22,28 +22,25 @@ using OrvDoc::Content;
 using OrvPaint::FlatPaint;
 using OrvPaint::PatternPaint;
 
-bool AreEqual(const std::shared_ptr<const FlatPaint>& left, const std::shared_ptr<const FlatPaint>& right)
-{
-    if (left == right)
-        return true;
-    return left && right && left->GetNativeSpace() == right->GetNativeSpace() &&
-           left->GetNativeComponents() == right->GetNativeComponents() &&
-           left->IsNonzeroOverprint() == right->IsNonzeroOverprint() && left->GetColor() == right->GetColor();
-}
-
-double ReadStep(QPDFObjectHandle step)
+double ReadStep(QPDFObjectHandle step, const char* key, std::vector<std::string>& problems)
 {
     std::string text;
     double value = 0.0;
     // A length in points, as milli-points.
-    return GetNumberText(step, text) && ParseNumber(text, 3, value) ? value : 0.0;
+    if (!GetNumberText(step, text) || !ParseNumber(text, 3, value) || value == 0.0)
+        problems.push_back(std::string(key) + " is no number other than zero");
+    return value;
+}
+
+bool IsIntegerIn(QPDFObjectHandle object, long long first, long long last)
+{
+    return object.isInteger() && object.getIntValue() >= first && object.getIntValue() <= last;
 }
 
 PatternPaint::TilingType ReadTilingType(QPDFObjectHandle type)
 {
-    const auto number = type.isInteger() ? type.getIntValue() : 1;
-    return number == 2 || number == 3 ? static_cast<PatternPaint::TilingType>(number)
-                                      : PatternPaint::TilingType::ConstantSpacing;
+    return IsIntegerIn(type, 1, 3) ? static_cast<PatternPaint::TilingType>(type.getIntValue())
+                                   : PatternPaint::TilingType::ConstantSpacing;
 }
 
 } // namespace
@@ -64,10 +61,10 @@ std::shared_ptr<const PatternUse> PdfTiling::Use(const std::shared_ptr<const Fla
                                                  std::string& problem)
 {
     const std::lock_guard<std::recursive_mutex> lock(document.GetNestedContents().mutex);
-    for (const Variant& variant : variants) {
-        if (AreEqual(variant.color, color))
-            return variant.use;
-    }
+    const ColorKey key = MakeKey(color.get());
+    const auto known = variants.find(key);
+    if (known != variants.end())
+        return known->second;
     const std::shared_ptr<Content> content = same ? same->GetCell(problem) : GetCell(problem);
     if (!content)
         return nullptr;
@@ -76,8 +73,15 @@ std::shared_ptr<const PatternUse> PdfTiling::Use(const std::shared_ptr<const Fla
     use->reading = same ? same->told : told;
     if (!use->paint)
         return nullptr;
-    variants.push_back({color, use});
+    variants.emplace(key, use);
     return use;
+}
+
+PdfTiling::ColorKey PdfTiling::MakeKey(const FlatPaint* color)
+{
+    return color ? ColorKey(color->GetNativeSpace().get(), color->GetNativeComponents(),
+                            color->GetColor().overprint, color->IsNonzeroOverprint())
+                 : ColorKey();
 }
 
 std::shared_ptr<Content> PdfTiling::GetCell(std::string& problem)
@@ -87,14 +91,25 @@ std::shared_ptr<Content> PdfTiling::GetCell(std::string& problem)
     // A cell begins in the state of the content that the pattern belongs to, which begins in that of a page.
     NestedStream::Reading reading = stream.Read(
         isUncolored ? Content::Type::UncoloredPatternContent : Content::Type::ColoredPatternContent, nullptr);
+    TellOddTypes(reading.errors);
     auto source = std::make_unique<NestedSource>();
     source->object = stream.GetStream().getObjectID();
+    source->isSelfContained = !reading.isCut;
     source->hasUnmodelled = reading.interpretation.hasUnmodelled;
     source->baseRevision = reading.content->GetRevision();
     reading.content->SetSource(std::move(source));
     told = stream.Tell(reading);
     cell = reading.content;
     return cell;
+}
+
+void PdfTiling::TellOddTypes(ErrorList& errors)
+{
+    const SourceFile::Access access(document.GetFile());
+    if (!IsIntegerIn(GetEntry(stream.GetStream(), "/PaintType"), 1, 2))
+        errors.Add("PaintType is neither 1 nor 2; the pattern counts as coloured");
+    if (!IsIntegerIn(GetEntry(stream.GetStream(), "/TilingType"), 1, 3))
+        errors.Add("TilingType is not from 1 to 3; it counts as 1");
 }
 
 std::shared_ptr<const PatternPaint> PdfTiling::MakePaint(const std::shared_ptr<Content>& content,
@@ -104,10 +119,13 @@ std::shared_ptr<const PatternPaint> PdfTiling::MakePaint(const std::shared_ptr<C
     const SourceFile::Access access(document.GetFile());
     QPDFObjectHandle handle = stream.GetStream();
     std::vector<std::string> problems;
+    if (GetEntry(handle, "/BBox").isNull())
+        problems.push_back("BBox is missing");
     PatternPaint::Factory factory(content);
     factory.SetTransformation(ReadMatrix(GetEntry(handle, "/Matrix"), "Matrix", problems))
         .SetCellClip(ReadRectangle(GetEntry(handle, "/BBox"), "BBox", problems))
-        .SetStep({ReadStep(GetEntry(handle, "/XStep")), ReadStep(GetEntry(handle, "/YStep"))})
+        .SetStep({ReadStep(GetEntry(handle, "/XStep"), "XStep", problems),
+                  ReadStep(GetEntry(handle, "/YStep"), "YStep", problems)})
         .SetTilingType(ReadTilingType(GetEntry(handle, "/TilingType")))
         .SetColor(color);
     if (!problems.empty()) {

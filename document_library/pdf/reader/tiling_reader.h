@@ -1,8 +1,12 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
+
+#include <orv_color/color_space.h>
 
 #include "pdf/reader/nested_stream.h"
 
@@ -23,13 +27,13 @@ public:
                                           std::string& problem) override;
 
 private:
-    struct Variant
-    {
-        std::shared_ptr<const OrvPaint::FlatPaint> color;
-        std::shared_ptr<const PatternUse> use;
-    };
+    /// A colour: its space, which the document has once, its components and how it overprints.
+    using ColorKey = std::tuple<const OrvColor::ColorSpace*, std::vector<float>, bool, bool>;
 
+    static ColorKey MakeKey(const OrvPaint::FlatPaint* color);
     std::shared_ptr<OrvDoc::Content> GetCell(std::string& problem);
+    /// Tells types that are no types; the pattern is read nonetheless.
+    void TellOddTypes(ErrorList& errors);
     std::shared_ptr<const OrvPaint::PatternPaint>
     MakePaint(const std::shared_ptr<OrvDoc::Content>& content,
               const std::shared_ptr<const OrvPaint::FlatPaint>& color, std::string& problem);
@@ -39,7 +43,7 @@ private:
     bool isUncolored = false;
     std::shared_ptr<OrvDoc::Content> cell;
     std::shared_ptr<const NestedReading> told;
-    std::vector<Variant> variants;
+    std::map<ColorKey, std::shared_ptr<const PatternUse>> variants;
     std::shared_ptr<PdfTiling> same;
 };
 

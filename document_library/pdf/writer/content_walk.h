@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <tuple>
@@ -114,7 +115,7 @@ private:
     bool WriteForm(const OrvDoc::Path& path);
     bool WriteAsForm(const OrvDoc::Group& group);
     /// What the form depends on of the state around; it may be null.
-    void SetFormState(const OrvBlend::Transparency& blending, const OrvPaint::FormPaint* form);
+    void SetFormState(const OrvPaint::FormPaint& form);
     void AppendDo(const FormReference& reference);
     void Finish();
     void WriteContainers();
@@ -128,8 +129,10 @@ private:
     // Objects of any class.
     /// `flags` are keys of booleans. False, and nothing is written, if there is nothing to say.
     bool BeginObject(const OrvDoc::ContentObject& object, const std::vector<const char*>& flags);
-    /// Goes back to the matrix of the container if a soft mask has to be set.
-    bool PrepareMask(const OrvBlend::Transparency& blending, const OrvDoc::ContentObject& object);
+    /// Leaves the matrix in force as far as an object under that matrix needs: a soft mask has to be set
+    /// under the matrix of the container. False if there is no way out.
+    bool GoToMatrix(const Matrix& wanted, const std::function<ExtGState()>& findParameters, bool isPainted,
+                    const OrvDoc::ContentObject& object);
     /// What the graphics state can say of an object's transparency.
     OrvBlend::Transparency GetBlending(const OrvDoc::Blendable& object);
     /// Null if it has none that a file can hold.

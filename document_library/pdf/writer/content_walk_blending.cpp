@@ -55,13 +55,19 @@ void ContentWalk::BeginTransferFunctions(const OrvDoc::Content& content)
     out.append("/tr gs\n");
 }
 
-bool ContentWalk::PrepareMask(const Transparency& blending, const OrvDoc::ContentObject& object)
+bool ContentWalk::GoToMatrix(const Matrix& wanted, const std::function<ExtGState()>& findParameters,
+                             bool isPainted, const OrvDoc::ContentObject& object)
 {
-    if (!blending.softMask || blending.softMask.get() == states.GetSoftMask()) {
-        return true;
+    const auto setsMask = [&] {
+        const ExtGState parameters = findParameters();
+        return parameters.blending.softMask && states.NeedsParameters(parameters, isPainted);
+    };
+    if (setsMask()) {
+        LeaveSharedMatrix();
+        return LeaveMatrix(Matrix(), object);
     }
-    LeaveSharedMatrix();
-    return LeaveMatrix(Matrix(), object);
+    // What was set under a shared matrix goes with it.
+    return LeaveMatrix(wanted, object) && (!setsMask() || LeaveMatrix(Matrix(), object));
 }
 
 Transparency ContentWalk::GetBlending(const OrvDoc::Blendable& object)

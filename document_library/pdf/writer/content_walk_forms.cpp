@@ -27,6 +27,20 @@ Matrix FindWrittenBase(const Matrix& base)
     return Plexa::Inverse(base) && IsFinite(GetRoundedInverse(base)) ? base : Matrix();
 }
 
+/// The parameters around a form of a file that its content depends on.
+std::uint32_t GetUsedParameters(const OrvPaint::FormPaint& form)
+{
+    const auto* const source = dynamic_cast<const NestedSource*>(form.GetContent().GetSource());
+    return source ? source->usedParameters : 0;
+}
+
+bool UsesOverprint(const OrvPaint::FormPaint& form)
+{
+    constexpr std::uint32_t overprint =
+        Inherited::fillOverprint | Inherited::strokeOverprint | Inherited::overprintMode;
+    return (GetUsedParameters(form) & overprint) != 0;
+}
+
 } // namespace
 
 void ContentWalk::AppendDo(const FormReference& reference)
@@ -43,13 +57,9 @@ void ContentWalk::AppendDo(const FormReference& reference)
 
 // A form that is kept as it stands in its file counts on what a page begins with. One that is written anew
 // sets all that it needs.
-void ContentWalk::SetFormState(const OrvBlend::Transparency& blending, const OrvPaint::FormPaint* form)
+void ContentWalk::SetFormState(const OrvPaint::FormPaint& form)
 {
-    const auto* const source =
-        form ? dynamic_cast<const NestedSource*>(form->GetContent().GetSource()) : nullptr;
-    const std::uint32_t used = source ? source->usedParameters : 0;
-    constexpr std::uint32_t overprint =
-        Inherited::fillOverprint | Inherited::strokeOverprint | Inherited::overprintMode;
+    const std::uint32_t used = GetUsedParameters(form);
     constexpr std::uint32_t line = Inherited::lineWidth | Inherited::lineCap | Inherited::lineJoin |
                                    Inherited::miterLimit | Inherited::dash;
     if ((used & Inherited::fillColor) != 0) {
@@ -61,7 +71,6 @@ void ContentWalk::SetFormState(const OrvBlend::Transparency& blending, const Orv
     if ((used & line) != 0) {
         states.SetInitialStrokeProperties();
     }
-    states.SetFormParameters(blending, (used & overprint) != 0);
 }
 
 bool ContentWalk::WriteForm(const Path& path)
@@ -92,10 +101,13 @@ bool ContentWalk::WriteForm(const Path& path)
         Refuse(path, "halftones of paths that are filled with a form are left out");
     }
     const OrvBlend::Transparency blending = GetBlending(path);
-    if (!PrepareMask(blending, path) || !LeaveMatrix(path.GetTransformation(), path)) {
+    const bool usesOverprint = UsesOverprint(*reference.paint);
+    const auto findParameters = [&] { return states.FindFormParameters(blending, usesOverprint); };
+    if (!GoToMatrix(path.GetTransformation(), findParameters, true, path)) {
         return false;
     }
-    SetFormState(blending, reference.paint.get());
+    SetFormState(*reference.paint);
+    states.SetParameters(findParameters(), true);
     EnterMatrix(path.GetTransformation());
     std::vector<const char*> flags;
     if (hasOutline) {
@@ -120,8 +132,9 @@ bool ContentWalk::WriteAsForm(const OrvDoc::Group& group)
     // Inside of the form there is no way out of a matrix without inverse.
     PrepareGroup(group);
     const OrvBlend::Transparency blending = GetBlending(group);
-    if (PrepareMask(blending, group) && LeaveMatrix(Matrix(), group)) {
-        SetFormState(blending, nullptr);
+    const auto findParameters = [&] { return states.FindFormParameters(blending, false); };
+    if (GoToMatrix(Matrix(), findParameters, true, group)) {
+        states.SetParameters(findParameters(), true);
         FormReference reference;
         reference.group = &group;
         reference.base = FindWrittenBase(states.GetBase());

@@ -99,7 +99,11 @@ bool ContentWalk::Visit(const Path& path)
     const OrvBlend::Transparency blending = GetBlending(path);
     const bool isPainted = fillSettings || strokeSettings;
     const std::shared_ptr<OrvDoc::HalftoneSet> halftones = GetHalftones(path);
-    if (!PrepareMask(blending, path) || !LeaveMatrix(path.GetTransformation(), path)) {
+    const std::shared_ptr<OrvDoc::HalftoneSet>* const stated = isPainted || halftones ? &halftones : nullptr;
+    const auto findParameters = [&] {
+        return states.FindParameters(fillSettings, strokeSettings, blending, stated);
+    };
+    if (!GoToMatrix(path.GetTransformation(), findParameters, stated, path)) {
         return false;
     }
     if (fillSettings) {
@@ -109,8 +113,7 @@ bool ContentWalk::Visit(const Path& path)
         states.SetStrokeColor(strokeSettings->color);
         states.SetStrokeProperties(path.GetStrokeProperties());
     }
-    states.SetParameters(fillSettings, strokeSettings, blending,
-                         isPainted || halftones ? &halftones : nullptr);
+    states.SetParameters(findParameters(), stated);
     EnterMatrix(path.GetTransformation());
     const bool isEvenOdd = path.DefiningCompound()->GetWindingRule() == Plexa::WindingRule::EvenOdd;
     std::vector<const char*> flags = GetBlendingFlags(path, blending);

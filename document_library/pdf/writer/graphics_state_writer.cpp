@@ -182,9 +182,9 @@ void GraphicsStateWriter::AppendDash(const OrvDoc::StrokeProperties& properties)
     out.append(" d\n");
 }
 
-void GraphicsStateWriter::SetParameters(const PaintSettings* fill, const PaintSettings* stroke,
-                                        const OrvBlend::Transparency& blending,
-                                        const std::shared_ptr<OrvDoc::HalftoneSet>* halftones)
+ExtGState GraphicsStateWriter::FindParameters(const PaintSettings* fill, const PaintSettings* stroke,
+                                              const OrvBlend::Transparency& blending,
+                                              const std::shared_ptr<OrvDoc::HalftoneSet>* halftones) const
 {
     ExtGState wanted = levels.back().parameters;
     wanted.blending = blending;
@@ -205,10 +205,11 @@ void GraphicsStateWriter::SetParameters(const PaintSettings* fill, const PaintSe
             }
         }
     }
-    ApplyParameters(wanted, fill || stroke || halftones);
+    return wanted;
 }
 
-void GraphicsStateWriter::SetFormParameters(const OrvBlend::Transparency& blending, bool isOverprintInitial)
+ExtGState GraphicsStateWriter::FindFormParameters(const OrvBlend::Transparency& blending,
+                                                  bool isOverprintInitial) const
 {
     ExtGState wanted = levels.back().parameters;
     wanted.blending = blending;
@@ -218,24 +219,29 @@ void GraphicsStateWriter::SetFormParameters(const OrvBlend::Transparency& blendi
         wanted.stroke = false;
         wanted.nonzero = false;
     }
-    ApplyParameters(wanted, true);
+    return wanted;
 }
 
-void GraphicsStateWriter::ApplyParameters(ExtGState wanted, bool isPainted)
+bool GraphicsStateWriter::NeedsParameters(const ExtGState& wanted, bool isPainted) const
 {
-    ExtGState& current = levels.back().parameters;
-    if (wanted.blending.softMask != current.blending.softMask) {
-        wanted.maskMatrix = levels.back().base;
-    }
-    bool& areKnown = levels.back().areParametersKnown;
-    if (wanted == current && (areKnown || !isPainted)) {
+    const Level& level = levels.back();
+    return wanted.blending.softMask != level.parameters.blending.softMask || !(wanted == level.parameters) ||
+           (!level.areParametersKnown && isPainted);
+}
+
+void GraphicsStateWriter::SetParameters(const ExtGState& wanted, bool isPainted)
+{
+    if (!NeedsParameters(wanted, isPainted)) {
         return;
     }
-    areKnown = true;
+    Level& level = levels.back();
+    level.parameters = wanted;
+    // A state says all its parameters: also a mask that stays in force is set anew, under the matrix here.
+    level.parameters.maskMatrix = level.base;
+    level.areParametersKnown = true;
     out.append("/gs");
-    out.append(std::to_string(states.Add(wanted)));
+    out.append(std::to_string(states.Add(level.parameters)));
     out.append(" gs\n");
-    current = wanted;
 }
 
 bool IsFinite(const OrvDoc::StrokeProperties& properties)

@@ -32,8 +32,6 @@ public:
     void SetBase();
     /// From the container that is being written to the coordinates of the content.
     const Matrix& GetBase() const { return levels.back().base; }
-    /// The mask in force; null for none.
-    const OrvBlend::SoftMask* GetSoftMask() const { return levels.back().parameters.blending.softMask.get(); }
     /// Goes back from the matrix in force to the identity. False, and nothing is written, if it has no
     /// inverse.
     bool Reset();
@@ -41,20 +39,23 @@ public:
     void SetFillColor(const PaintColor& color);
     void SetStrokeColor(const PaintColor& color);
     void SetStrokeProperties(const OrvDoc::StrokeProperties& properties);
-    /// The overprint that is asked for by no paint stays as it is. Both may be null; of two that depend on
-    /// the mode both have the same one. `halftones` is null where they may stay as they are. A soft mask is
-    /// to be set under the matrix of the container.
-    void SetParameters(const PaintSettings* fill, const PaintSettings* stroke,
-                       const OrvBlend::Transparency& blending,
-                       const std::shared_ptr<OrvDoc::HalftoneSet>* halftones);
-
-    /// For what is painted with the halftones of the device, and without overprint in mode 0 if
-    /// `isOverprintInitial`; otherwise the overprint stays as it is.
-    void SetFormParameters(const OrvBlend::Transparency& blending, bool isOverprintInitial);
     /// The colours and stroke properties that a page begins with.
     void SetInitialFillColor() { SetFillColor(PaintColor()); }
     void SetInitialStrokeColor() { SetStrokeColor(PaintColor()); }
     void SetInitialStrokeProperties();
+    /// What an object needs. The overprint that is asked for by no paint stays as it is. Both may be null; of
+    /// two that depend on the mode both have the same one. `halftones` is null where they may stay as they
+    /// are.
+    ExtGState FindParameters(const PaintSettings* fill, const PaintSettings* stroke,
+                             const OrvBlend::Transparency& blending,
+                             const std::shared_ptr<OrvDoc::HalftoneSet>* halftones) const;
+    /// What a form needs around it: the halftones of the device, and no overprint in mode 0 if
+    /// `isOverprintInitial`; otherwise the overprint stays as it is.
+    ExtGState FindFormParameters(const OrvBlend::Transparency& blending, bool isOverprintInitial) const;
+    /// Whether these have to be set. What is not known has to be where something is painted.
+    bool NeedsParameters(const ExtGState& wanted, bool isPainted) const;
+    /// Sets them if they have to be. A soft mask is to be set under the matrix of the container.
+    void SetParameters(const ExtGState& wanted, bool isPainted);
 
     /// The states of the resources.
     const std::vector<ExtGState>& GetExtGStates() const { return states.GetAll(); }
@@ -75,7 +76,6 @@ private:
     };
 
     void SetColor(PaintColor& current, const PaintColor& color, bool isStroke);
-    void ApplyParameters(ExtGState wanted, bool isPainted);
     void AppendDash(const OrvDoc::StrokeProperties& properties);
 
     std::string& out;

@@ -11,6 +11,7 @@
 
 #include "pdf/marked_content_tags.h"
 #include "pdf/number_text.h"
+#include "pdf/transfer_definition.h"
 #include "pdf/writer/matrix_object.h"
 #include "pdf/writer/object_maker.h"
 #include "pdf/writer/paint_color.h"
@@ -67,13 +68,17 @@ QPDFObjectHandle NestedWriter::MakeMask(const std::shared_ptr<const SoftMask>& m
     QPDFObjectHandle form = MakeMaskForm(*mask, matrix);
     dictionary.replaceKey("/G", form);
     SetBackdrop(dictionary, form, *mask);
-    if (const auto* const function = boost::get<FunctionPointer>(&mask->GetTransferFunction())) {
+    if (const auto* const function = boost::get<FunctionPointer>(&mask->GetTransferFunction());
+        function && !IsTransferFunction(**function)) {
+        problems.Add("transfer functions of soft masks that have more than one input or output are left out");
+    } else if (function) {
         dictionary.replaceKey("/TR", maker.MakeShared(OrvPaint::GetFunctionDefinition(**function)));
     } else if (boost::get<bool>(mask->GetTransferFunction())) {
         dictionary.replaceKey("/TR", QPDFObjectHandle::newName("/Identity"));
     }
     if (!Plexa::IsIdentity(matrix)) {
         dictionary.replaceKey(Tags::maskMatrixKey, MakeMatrixObject(mask->GetTransformation()));
+        dictionary.replaceKey(Tags::maskSettingKey, MakeMatrixObject(matrix));
     }
     return maker.GetFile().makeIndirectObject(dictionary);
 }
@@ -128,8 +133,8 @@ void NestedWriter::SetBackdrop(QPDFObjectHandle dictionary, QPDFObjectHandle for
         }
     }
     form.getDict().removeKey(Tags::noBlendSpaceKey);
-    if (!blendSpace && !mask.IsAlpha()) {
-        // Luminosity has to be that of colours in some space.
+    if (!blendSpace && (!mask.IsAlpha() || dictionary.hasKey("/BC"))) {
+        // Luminosity has to be that of colours in some space, and a backdrop has to be in one.
         const ColorSpace::Pointer stated = space ? space : ColorSpace::DeviceGray();
         form.getDict().getKey("/Group").replaceKey("/CS", maker.MakeShared(stated->GetDefinition()));
         form.getDict().replaceKey(Tags::noBlendSpaceKey, QPDFObjectHandle::newBool(true));

@@ -118,6 +118,10 @@ PaintSettings PaintColors::WithoutMode(const PaintSettings& given)
 {
     PaintSettings changed = given;
     changed.color.space = GetSpaceNumber(separationSpaces.Get({"Cyan", "Magenta", "Yellow", "Black"}));
+    if (given.isProcessPattern) {
+        MoveToPatterns(changed.color);
+        changed.isProcessPattern = false;
+    }
     return changed;
 }
 

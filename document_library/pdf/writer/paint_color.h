@@ -41,9 +41,11 @@ struct PaintSettings
     PaintColor color;
     bool overprint = false;
     bool nonzeroOverprint = false;
+    /// Of an uncoloured pattern: whether its colour is one of `DeviceCMYK`.
+    bool isProcessPattern = false;
 
     /// Whether the overprint mode makes a difference (ISO 32000-1, 8.6.7).
-    bool DependsOnMode() const { return overprint && color.space == PaintColor::cmyk; }
+    bool DependsOnMode() const { return overprint && (isProcessPattern || color.space == PaintColor::cmyk); }
 };
 
 /// The colour spaces of one content, and the colours of paints in them.

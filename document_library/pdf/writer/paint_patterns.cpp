@@ -28,6 +28,7 @@ const PaintSettings* PaintPatterns::FindShading(const std::shared_ptr<const OrvP
     settings.color.space = PaintColor::patterns;
     settings.color.components.clear();
     settings.color.pattern = known->second;
+    settings.isProcessPattern = false;
     settings.overprint = shading.GetSeparationMapping().overprint;
     settings.nonzeroOverprint = shading.IsNonzeroOverprint();
     return &settings;
@@ -52,6 +53,7 @@ const PaintSettings* PaintPatterns::FindTiling(const std::shared_ptr<const OrvPa
             return nullptr;
         }
         settings = *found;
+        settings.isProcessPattern = found->color.space == PaintColor::cmyk;
         colors.MoveToPatterns(settings.color);
     }
     const auto [known, isNew] = numbers.emplace(paint.get(), static_cast<std::uint32_t>(patterns.size() + 1));
