@@ -1,5 +1,6 @@
 // Takes a PDF file through the model and back, and compares what comes back with the original.
 
+#include "support/all_contents.h"
 #include "support/command_line.h"
 #include "support/count.h"
 #include "support/error_list.h"
@@ -9,6 +10,7 @@
 #include <harrow_support/comparators.h>
 #include <harrow_support/round_trip.h>
 
+#include <orv_doc/content.h>
 #include <orv_doc/document.h>
 #include <orv_doc/page.h>
 #include <orv_doc/read_options.h>
@@ -37,8 +39,9 @@ The last line on standard error counts both.
 
     --password TEXT         password of the file, if it is encrypted
     --keep NEW              also keeps what was saved, under this name; a file of that name is replaced
-    --rewrite               writes the content of every page anew from the model; without it, a page that holds
-                            something that could not be read into the model keeps the content of the file
+    --rewrite               writes every content anew from the model, also those of forms, patterns and soft masks;
+                            without it, one that holds something that could not be read into the model stays as it
+                            is in the file
     --help                  writes this text
 
 Exit code: 0 if what came back is equal, 1 if it differs, 2 if the file could not be read, saved or read again;
@@ -47,8 +50,8 @@ standard error then says why, and nothing is written to standard output.
 
 void MarkContentsChanged(OrvDoc::Document& document)
 {
-    for (auto page = document.GetPagesBegin(); page != document.GetPagesEnd(); ++page)
-        page->GetContent().MarkChanged();
+    for (OrvDoc::Content* const content : Examples::ListAllContents(document))
+        content->MarkChanged();
 }
 
 Examples::ExitCode MakeRoundTrip(const std::vector<std::string>& arguments, std::ostream& output)
