@@ -12,10 +12,14 @@
 
 #include <plexa/compound.h>
 
+#include "support/pdf_text.h"
 #include "support/recording_reporter.h"
+#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <iterator>
 #include <sstream>
 #include <thread>
 #include <vector>
@@ -111,6 +115,54 @@ TEST(ConcurrentReading, ComparisonsOfOnePairOnSeveralThreadsReportTheSame)
     const auto reports = RunTogether([&] { return CompareLines(*left, constRight); });
     EXPECT_FALSE(reports.front().empty());
     ExpectAllEqual(reports);
+}
+
+// Pages that show the same forms, which hold one another, and of which one takes its colour from the page.
+std::unique_ptr<OrvDoc::Document> ReadPagesThatShareForms(const TemporaryFolder& folder,
+                                                          std::size_t pageCount)
+{
+    std::vector<std::string> pages;
+    for (std::size_t page = 0; page < pageCount; ++page) {
+        pages.push_back("/Outer Do " + std::string(page % 3, ' ') + "0.5 g /Inner Do");
+    }
+    const std::size_t number = 3 + 2 * pageCount;
+    const std::string inner = "/Inner " + std::to_string(number + 1) + " 0 R";
+    const std::string form = "/Type /XObject /Subtype /Form /BBox [0 0 9 9] /Resources << /XObject << ";
+    return OrvDoc::Document::Create(
+        folder.Write("shared.pdf",
+                     PdfFileOfPages(pages, "",
+                                    "/XObject << /Outer " + std::to_string(number) + " 0 R " + inner + " >>",
+                                    {PdfStream("0 1 0 rg /Inner Do nonsense", form + inner + " >> >>"),
+                                     PdfStream("0 0 5 5 re f", form + ">> >>")})),
+        OrvDoc::ReadOptions());
+}
+
+TEST(ConcurrentReading, ThreadsThatReadPagesWithTheSameFormsSeeTheSameForms)
+{
+    constexpr std::size_t pageCount = 40;
+    const TemporaryFolder folder;
+    const std::unique_ptr<OrvDoc::Document> document = ReadPagesThatShareForms(folder, pageCount);
+    std::atomic<std::size_t> nextStart{0};
+    const auto forms = RunTogether([&] {
+        // Each thread begins elsewhere, so that they meet in the forms and not on the pages.
+        const std::size_t start = nextStart++ * pageCount / threadCount;
+        std::vector<std::vector<const OrvPaint::Paint*>> found(pageCount);
+        for (std::size_t i = 0; i < pageCount; ++i) {
+            const std::size_t index = (start + i) % pageCount;
+            const OrvDoc::Document& constDocument = *document;
+            auto page = constDocument.GetPagesBegin();
+            std::advance(page, static_cast<std::ptrdiff_t>(index));
+            const auto& children = page->GetContent().GetChildren();
+            for (const OrvDoc::ContentObject* object = children.first; object; object = object->next) {
+                found[index].push_back(dynamic_cast<const OrvDoc::Path&>(*object).GetFillPaint().get());
+            }
+        }
+        return found;
+    });
+    ExpectAllEqual(forms);
+    EXPECT_EQ(forms.front().front().size(), 2U);
+    EXPECT_NE(forms.front().front()[0], forms.front().front()[1]);
+    ExpectAllEqual(forms.front());
 }
 
 } // namespace
