@@ -84,21 +84,27 @@ bool KeptContents::MayKeep(const OrvDoc::Content& content)
     if (found != known.end()) {
         return found->second;
     }
+    const auto* const source = dynamic_cast<const NestedSource*>(content.GetSource());
+    // Nothing is lost of a content that is modelled as a whole. It names what the others name that are
+    // written.
+    const bool isModelled = source && !source->hasUnmodelled;
     const std::vector<NestedContent> contents = ListNestedContents(content);
-    const bool mayKeep =
-        std::all_of(contents.begin(), contents.end(), [this](const auto& inside) { return MayKeep(inside); });
+    const bool mayKeep = std::all_of(contents.begin(), contents.end(), [&](const NestedContent& inside) {
+        return MayKeep(inside, isModelled);
+    });
     known.emplace(&content, mayKeep);
     return mayKeep;
 }
 
-bool KeptContents::MayKeep(const NestedContent& inside)
+bool KeptContents::MayKeep(const NestedContent& inside, bool isModelled)
 {
     const NestedSource* const source = inside.form ? FindSource(*inside.form) : nullptr;
     if (source && source->isSelfContained) {
         return true;
     }
     const auto* const anySource = dynamic_cast<const NestedSource*>(inside.content->GetSource());
-    return anySource && inside.content->GetRevision() == anySource->baseRevision && MayKeep(*inside.content);
+    return !isModelled && anySource && inside.content->GetRevision() == anySource->baseRevision &&
+           MayKeep(*inside.content);
 }
 
 } // namespace OrvPdf

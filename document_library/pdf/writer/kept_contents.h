@@ -43,11 +43,13 @@ public:
     const NestedSource* FindSource(const OrvPaint::FormPaint& form) const;
 
     /// Whether a content that nobody changed since it was read can stay as it stands: what was changed inside
-    /// of it are only forms that can be written in the place where they stand. Each content is walked once.
+    /// of it are only forms that can be written in the place where they stand. One that has nothing
+    /// unmodelled stays only if all that it paints with does: otherwise it would have other objects than
+    /// those who share these with it and are written anew. Each content is walked once.
     bool MayKeep(const OrvDoc::Content& content);
 
 private:
-    bool MayKeep(const NestedContent& inside);
+    bool MayKeep(const NestedContent& inside, bool isModelled);
 
     const OrvDoc::Document& document;
     std::map<const OrvDoc::Content*, bool> known;

@@ -175,6 +175,34 @@ TEST_F(NestedWriter, AFormThatUsesTheResourcesOfItsPageGetsItsOwn)
     EXPECT_TRUE(file.SavedForms()[0].getDict().getKey("/Resources").hasKey("/ColorSpace"));
 }
 
+TEST_F(NestedWriter, AFormThatDependsOnItsColourIsSharedByAKeptFormAndThePage)
+{
+    file.Read(
+        {"1 0 0 rg /F1 Do /F0 Do"},
+        {FormObject("1 0 0 rg /In Do", "", "/Resources << /XObject << /In 6 0 R >> >>"), FormObject(square)});
+    ASSERT_EQ(FormAt(file.Page(), 0), FormAt(FormAt(file.Page(), 1)->GetContent()));
+    const auto reopened = file.Reopen();
+    EXPECT_EQ(FormAt(ContentOf(*reopened), 0), FormAt(FormAt(ContentOf(*reopened), 1)->GetContent()));
+}
+
+TEST_F(NestedWriter, APatternIsSharedByAFormOfTheFileAndThePage)
+{
+    const std::string pattern = "/Pattern << /P 6 0 R >>";
+    const std::string paints = "/Pattern cs /P scn " + square;
+    file.Read({paints + "/F0 Do"},
+              {FormObject(paints, "", "/Resources << " + pattern + " >>"),
+               HarrowSupport::Testing::PdfStream("0 0 1 1 re f", "/PatternType 1 /PaintType 1 /TilingType 1 "
+                                                                 "/BBox [0 0 2 2] /XStep 2 /YStep 2 "
+                                                                 "/Resources << >>")},
+              pattern);
+    ASSERT_TRUE(PathAt(file.Page()).GetFillPaint());
+    ASSERT_EQ(PathAt(file.Page()).GetFillPaint(),
+              PathAt(FormAt(file.Page(), 1)->GetContent()).GetFillPaint());
+    const auto reopened = file.Reopen();
+    EXPECT_EQ(PathAt(ContentOf(*reopened)).GetFillPaint(),
+              PathAt(FormAt(ContentOf(*reopened), 1)->GetContent()).GetFillPaint());
+}
+
 class NestedReferences : public NestedWriter
 {
 protected:
