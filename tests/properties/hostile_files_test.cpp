@@ -1,17 +1,23 @@
 // Any bytes are answered: by a document, perhaps with errors, or by an exception with a text.
 
+#include <harrow_support/round_trip.h>
+
 #include <orv_doc/content.h>
 #include <orv_doc/errors.h>
 #include <orv_doc/read_options.h>
 #include <orv_doc/write_options.h>
 
 #include "support/file_bytes.h"
+#include "support/pdf_text.h"
 #include "support/random_documents.h"
+#include "support/recording_reporter.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
+#include <string>
+#include <vector>
 
 namespace HarrowSupport::Testing
 {
@@ -91,6 +97,30 @@ TEST(HostileFiles, RandomBytesAreNoPdfFileAndTheExceptionSaysWhichFile)
         const std::string answer = Answer(file, folder.NameOf("saved.pdf"));
         EXPECT_NE(answer.find("noise.pdf"), std::string::npos) << "HARROW_SEED=" << seed << ": " << answer;
     }
+}
+
+// Painted out, the innermost form would be there 2^40 times: whoever walks the uses instead of the forms does
+// not come back.
+TEST(HostileFiles, AnExpandingTreeOfFormsMakesTheRoundTripsOfItsForms)
+{
+    constexpr int forms = 40;
+    constexpr int firstObject = 5;
+    std::vector<std::string> objects;
+    for (int form = 0; form < forms; ++form) {
+        const std::string entries = "/Type /XObject /Subtype /Form /BBox [0 0 100 100]";
+        const std::string next = std::to_string(firstObject + form + 1) + " 0 R";
+        const bool isLast = form + 1 == forms;
+        objects.push_back(
+            PdfStream(isLast ? "0 0 5 5 re f" : "/Next Do 1 0 0 1 3 0 cm /Next Do",
+                      isLast ? entries : entries + " /Resources << /XObject << /Next " + next + " >> >>"));
+    }
+    const TemporaryFolder folder;
+    const auto file =
+        folder.Write("tree.pdf", PdfFileOfPages({"0 g /Next Do"}, "", "/XObject << /Next 5 0 R >>", objects));
+    auto document = OrvDoc::Document::Create(file, OrvDoc::ReadOptions());
+    EXPECT_TRUE(document->GetPagesBegin()->GetContent().GetActiveErrors().GetAllErrors().empty());
+    EXPECT_TRUE(TestRoundTripStructure(*document, AllOptions()).differences.empty());
+    EXPECT_TRUE(TestRoundTripStructure(document, AllOptions()).differences.empty());
 }
 
 } // namespace
