@@ -60,6 +60,8 @@ inline constexpr const char* sameCellKey = "/OrvCell";
 /// another one the mask stands where the form's `Matrix` says.
 inline constexpr const char* maskMatrixKey = "/OrvMatrix";
 inline constexpr const char* maskSettingKey = "/OrvSetting";
+/// In the form of a soft mask: another one whose drawing is the same content.
+inline constexpr const char* sameDrawingKey = "/OrvDrawing";
 /// In the form of a soft mask, a boolean: the group's colour space is there because the standard asks for
 /// one.
 inline constexpr const char* noBlendSpaceKey = "/OrvNoBlendSpace";

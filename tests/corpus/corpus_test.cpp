@@ -12,6 +12,7 @@
 #include <fstream>
 #include <iostream>
 #include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -92,7 +93,7 @@ TEST_F(Corpus, EveryFileThatOpensEqualsItself)
             EXPECT_EQ(outcome.comparisonWithItself.exitCode, 2);
             EXPECT_EQ(Reason(outcome.comparisonWithItself), Reason(outcome.roundTrip.process));
         } else {
-            EXPECT_EQ(outcome.comparisonWithItself.exitCode, 0) << outcome.comparisonWithItself.output;
+            EXPECT_TRUE(IsEqual(outcome.comparisonWithItself)) << outcome.comparisonWithItself.output;
         }
     }
 }
@@ -117,7 +118,8 @@ TEST_F(Corpus, EveryFileComesBackEqual)
 {
     for (const CorpusOutcome& outcome : outcomes) {
         SCOPED_TRACE(outcome.file);
-        EXPECT_NE(outcome.roundTrip.process.exitCode, 1) << outcome.roundTrip.process.output;
+        EXPECT_TRUE(outcome.roundTrip.process.exitCode != 1 || IsEqual(outcome.roundTrip.process))
+            << outcome.roundTrip.process.output;
     }
 }
 
@@ -125,7 +127,7 @@ TEST_F(Corpus, EveryFileComesBackEqualWhenItsContentsAreWrittenAnew)
 {
     for (const CorpusOutcome& outcome : outcomes) {
         SCOPED_TRACE(outcome.file);
-        EXPECT_EQ(outcome.rewritten.process.exitCode, outcome.roundTrip.process.exitCode)
+        EXPECT_EQ(IsEqual(outcome.rewritten.process), IsEqual(outcome.roundTrip.process))
             << outcome.rewritten.process.output;
     }
 }
@@ -134,8 +136,19 @@ TEST_F(Corpus, EveryFileComesBackEqualWhenItsContentsAreWrittenAnew)
 void ExpectFirstPageKept(const ProcessResult& trip, const ProcessResult& opening)
 {
     const bool hasNoPage = trip.errors.find("there is no page that can be read") != std::string::npos;
-    EXPECT_EQ(Ending(trip), opening.exitCode == 2 || hasNoPage ? "2" : "0") << trip.output << trip.errors;
-    EXPECT_THAT(trip.output, Not(HasSubstr("\tdifference\t")));
+    std::istringstream lines(trip.output);
+    bool hasReportOnPurpose = false;
+    for (std::string line; std::getline(lines, line);) {
+        const bool isOnPurpose =
+            line.find("\tdifference\tSoftMaskTransferFunction\t") != std::string::npos ||
+            line.find("\tdifference\tUncoloredPatternPaintHasImage\t") != std::string::npos;
+        hasReportOnPurpose = hasReportOnPurpose || isOnPurpose;
+        if (!isOnPurpose) {
+            EXPECT_THAT(line, Not(HasSubstr("\tdifference\t")));
+        }
+    }
+    const char* const kept = hasReportOnPurpose ? "1" : "0";
+    EXPECT_EQ(Ending(trip), opening.exitCode == 2 || hasNoPage ? "2" : kept) << trip.output << trip.errors;
     EXPECT_THAT(trip.errors, Not(HasSubstr("bad_alloc")));
 }
 

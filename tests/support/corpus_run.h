@@ -45,6 +45,8 @@ struct RoundTripOutcome
     /// Lines of the output.
     std::size_t activeErrors = 0;
     std::size_t differences = 0;
+    /// Reports that come on purpose even from equal sides; not among the differences.
+    std::size_t onPurpose = 0;
 };
 
 /// What became of one file.
@@ -68,6 +70,9 @@ struct CorpusOutcome
 /// several files at once. The result is sorted by file name.
 /// @throws what RunProcess and the file system throw
 std::vector<CorpusOutcome> RunOverFolder(const std::string& folder, const ProcessLimits& limits);
+
+/// Whether a program that compares found nothing different but what is reported on purpose.
+bool IsEqual(const ProcessResult& result);
 
 /// How a process ended in a word or two: "0", "signal 11", "out of time".
 std::string Ending(const ProcessResult& result);

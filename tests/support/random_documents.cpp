@@ -2,6 +2,7 @@
 
 #include "support/random_forms.h"
 #include "support/random_objects.h"
+#include "support/random_paints.h"
 #include "support/random_states.h"
 
 #include <harrow_support/content_generator.h>
@@ -33,6 +34,9 @@ struct Material
     Layers layers;
     /// Those that are made already. A form is among them when its content is, so none holds itself.
     std::vector<std::shared_ptr<const OrvPaint::FormPaint>> forms;
+    RandomPaints paints;
+    /// How many patterns and masks are being made, one inside of the other.
+    int openPaints = 0;
 };
 
 std::vector<PlannedObject> PlanObjects(Random& random, int depth)
@@ -122,22 +126,54 @@ std::shared_ptr<const OrvPaint::FormPaint> PlanForm(const PlannedObject& plan, R
     return material.forms.back();
 }
 
+void FillPaint(OrvDoc::Content& content, Random& random, Material& material)
+{
+    ContentGenerator generator(content);
+    ++material.openPaints;
+    AddObjects(generator, PlanObjects(random, 4), material);
+    --material.openPaints;
+}
+
+/// Gives an object patterns and masks, three deep.
+void AddPaints(OrvDoc::ContentObject& object, Random& random, Material& material)
+{
+    if (material.openPaints == 3 || object.IsClippingObject()) {
+        return;
+    }
+    const auto fill = [&material](OrvDoc::Content& content, Random& inner) {
+        FillPaint(content, inner, material);
+    };
+    auto* const path = dynamic_cast<OrvDoc::Path*>(&object);
+    if (path && !(path->GetFillPaint() && path->GetFillPaint()->GetType() == OrvPaint::Paint::Type::Form)) {
+        material.paints.SetSomePatterns(*path, random, fill);
+    }
+    if (auto* const blendable = dynamic_cast<OrvDoc::Blendable*>(&object)) {
+        material.paints.SetSomeMask(*blendable, random, fill);
+    }
+}
+
 void AddObjects(ContentGenerator& generator, const std::vector<PlannedObject>& plans, Material& material)
 {
     for (const PlannedObject& plan : plans) {
         Random random(plan.seed);
         if (plan.kind == PlannedKind::Form) {
-            generator.Add(RandomInstance(PlanForm(plan, random, material), random));
+            auto instance = RandomInstance(PlanForm(plan, random, material), random);
+            AddPaints(*instance, random, material);
+            generator.Add(std::move(instance));
         } else if (plan.kind == PlannedKind::Layer && plan.seed % 2 == 0) {
             generator.BeginLayer(RandomName(random));
             AddObjects(generator, plan.children, material);
             generator.EndLayer();
         } else if (CanHaveChildren(plan.kind)) {
-            generator.BeginGroup(MakeGroup(plan.kind, random, material.layers));
+            auto group = MakeGroup(plan.kind, random, material.layers);
+            AddPaints(*group, random, material);
+            generator.BeginGroup(std::move(group));
             AddObjects(generator, plan.children, material);
             generator.EndGroup();
         } else {
-            generator.Add(MakeLeaf(plan.kind, random));
+            auto leaf = MakeLeaf(plan.kind, random);
+            AddPaints(*leaf, random, material);
+            generator.Add(std::move(leaf));
         }
     }
 }
@@ -213,7 +249,7 @@ std::unique_ptr<OrvDoc::Document> MakeDocument(const PlannedDocument& plan)
     Random random(plan.seed);
     MakeLayers(*document, random);
     // Those that the objects make for themselves are not among them.
-    Material material{*document, document->GetLayers().GetAllLayers(), {}};
+    Material material{*document, document->GetLayers().GetAllLayers(), {}, RandomPaints(*document)};
     MakeSeparations(*document, random);
     MakeOutputIntent(*document, random);
     for (const PlannedPage& pagePlan : plan.pages) {

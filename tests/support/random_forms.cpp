@@ -15,10 +15,6 @@ namespace HarrowSupport::Testing
 
 using OrvPaint::FormPaint;
 
-namespace
-{
-
-/// A box whose corners say its size to the last bit, for a file has the corners alone.
 Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> RandomCorneredBox(std::mt19937& random)
 {
     const auto box = RandomBox(random);
@@ -26,8 +22,6 @@ Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> RandomCorneredBox(std::m
     const double y = box.origin.y.value;
     return {x, y, x + box.size.width.value - x, y + box.size.height.value - y};
 }
-
-} // namespace
 
 std::shared_ptr<const FormPaint> RandomForm(std::shared_ptr<OrvDoc::Content> content, std::mt19937& random)
 {

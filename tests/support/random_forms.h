@@ -11,6 +11,9 @@
 namespace HarrowSupport::Testing
 {
 
+/// A box whose corners say its size to the last bit, for a file has the corners alone.
+Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> RandomCorneredBox(std::mt19937& random);
+
 /// A form of that content: any matrix, box, scope, unique ID and external reference.
 std::shared_ptr<const OrvPaint::FormPaint> RandomForm(std::shared_ptr<OrvDoc::Content> content,
                                                       std::mt19937& random);

@@ -85,6 +85,10 @@ std::shared_ptr<PdfTiling> DocumentResources::GetTiling(QPDFObjectHandle stream,
 std::shared_ptr<PdfMask> DocumentResources::GetMask(QPDFObjectHandle dictionary, QPDFObjectHandle around)
 {
     QPDFObjectHandle stream = GetEntry(dictionary, "/G");
+    QPDFObjectHandle other = GetEntry(stream, Tags::sameDrawingKey);
+    if (other.isStream() && !GetEntry(other, Tags::sameDrawingKey).isStream()) {
+        stream = other;
+    }
     std::shared_ptr<MaskDrawing>& drawing = maskDrawings[stream.getObjGen()];
     if (!drawing) {
         drawing = std::make_shared<MaskDrawing>(*this, stream, around);

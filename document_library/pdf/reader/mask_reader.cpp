@@ -102,7 +102,7 @@ std::shared_ptr<const MaskUse> PdfMask::Use(const Matrix& matrix, std::string& p
 bool PdfMask::ReadFields(SoftMask::Factory& factory, std::string& problem)
 {
     const SourceFile::Access access(document.GetFile());
-    QPDFObjectHandle form = drawing->GetStream();
+    QPDFObjectHandle form = GetEntry(dictionary, "/G");
     std::vector<std::string> problems;
     const std::string kind = GetNameText(GetEntry(dictionary, "/S"));
     if (kind != "Alpha" && kind != "Luminosity")
@@ -137,7 +137,7 @@ bool PdfMask::ReadBackdrop(SoftMask::Factory& factory, std::string& problem)
         }
         components.push_back(value);
     }
-    QPDFObjectHandle definition = GetEntry(GetEntry(drawing->GetStream(), "/Group"), "/CS");
+    QPDFObjectHandle definition = GetEntry(GetEntry(GetEntry(dictionary, "/G"), "/Group"), "/CS");
     const ColorSpace::Pointer space = definition.isNull() ? SpaceOfComponents(components.size())
                                                           : document.GetColorSpace(definition, problem);
     if (!space || space->GetComponentCount() != components.size()) {
@@ -184,7 +184,7 @@ Matrix PdfMask::FindTransformation(const Matrix& matrix)
         if (problems.empty())
             return stated;
     }
-    return Plexa::Concatenate(ReadMatrix(GetEntry(drawing->GetStream(), "/Matrix"), "Matrix", problems),
+    return Plexa::Concatenate(ReadMatrix(GetEntry(GetEntry(dictionary, "/G"), "/Matrix"), "Matrix", problems),
                               matrix);
 }
 

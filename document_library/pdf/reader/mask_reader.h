@@ -23,7 +23,6 @@ public:
     std::shared_ptr<OrvDoc::Content> Get(std::string& problem);
     /// What reading it met; null for nothing.
     const std::shared_ptr<const NestedReading>& GetTold() const { return told; }
-    QPDFObjectHandle GetStream() const { return stream.GetStream(); }
 
 private:
     NestedStream stream;

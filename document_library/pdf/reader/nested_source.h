@@ -1,7 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
+#include <mutex>
+#include <utility>
 
 #include "orv_doc/content_source.h"
 
@@ -29,6 +32,26 @@ public:
     bool hasUnmodelled = false;
     /// The content's revision when it came out of the file.
     std::uint64_t baseRevision = 0;
+
+    /// Of a cell: that a pattern was made of it, and the object number of that pattern. One object makes many
+    /// patterns if it has no colour of its own. Safe to call while others ask.
+    void AddPattern(const std::shared_ptr<const void>& pattern, int patternObject) const
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        patterns[pattern.get()] = {pattern, patternObject};
+    }
+
+    /// The object number of a pattern that was made of the cell; 0 for others.
+    int FindPattern(const std::shared_ptr<const void>& pattern) const
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        const auto found = patterns.find(pattern.get());
+        return found != patterns.end() && found->second.first.lock() == pattern ? found->second.second : 0;
+    }
+
+private:
+    mutable std::mutex mutex;
+    mutable std::map<const void*, std::pair<std::weak_ptr<const void>, int>> patterns;
 };
 
 } // namespace OrvPdf

@@ -66,9 +66,13 @@ bool Interpreter::SetPatternColor(PaintSetting& setting, const Arguments& argume
 std::shared_ptr<const OrvPaint::Paint> Interpreter::MakeTilingPaint(const PaintSetting& setting)
 {
     TilingDefinition& tiling = *setting.pattern->tiling;
-    const std::shared_ptr<const OrvPaint::FlatPaint> color =
-        tiling.IsUncolored() ? paints.Get(setting.patternColor, setting.overprint, state.nonzeroOverprint)
-                             : nullptr;
+    std::shared_ptr<const OrvPaint::FlatPaint> color;
+    if (tiling.IsUncolored()) {
+        // Where the mode says nothing, patterns that differ in it alone would be two for no reason.
+        const bool dependsOnMode =
+            setting.patternColor->space->GetFamily() == OrvColor::ColorSpace::Family::DeviceCMYK;
+        color = paints.Get(setting.patternColor, setting.overprint, dependsOnMode && state.nonzeroOverprint);
+    }
     std::string problem;
     const std::shared_ptr<const PatternUse> use = tiling.Use(color, problem);
     if (!use) {

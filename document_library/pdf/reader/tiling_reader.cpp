@@ -22,14 +22,12 @@ using OrvDoc::Content;
 using OrvPaint::FlatPaint;
 using OrvPaint::PatternPaint;
 
-double ReadStep(QPDFObjectHandle step, const char* key, std::vector<std::string>& problems)
+double ReadStep(QPDFObjectHandle step)
 {
     std::string text;
     double value = 0.0;
     // A length in points, as milli-points.
-    if (!GetNumberText(step, text) || !ParseNumber(text, 3, value) || value == 0.0)
-        problems.push_back(std::string(key) + " is no number other than zero");
-    return value;
+    return GetNumberText(step, text) && ParseNumber(text, 3, value) ? value : 0.0;
 }
 
 bool IsIntegerIn(QPDFObjectHandle object, long long first, long long last)
@@ -73,6 +71,7 @@ std::shared_ptr<const PatternUse> PdfTiling::Use(const std::shared_ptr<const Fla
     use->reading = same ? same->told : told;
     if (!use->paint)
         return nullptr;
+    (same ? same->cellSource : cellSource)->AddPattern(use->paint, stream.GetStream().getObjectID());
     variants.emplace(key, use);
     return use;
 }
@@ -91,25 +90,33 @@ std::shared_ptr<Content> PdfTiling::GetCell(std::string& problem)
     // A cell begins in the state of the content that the pattern belongs to, which begins in that of a page.
     NestedStream::Reading reading = stream.Read(
         isUncolored ? Content::Type::UncoloredPatternContent : Content::Type::ColoredPatternContent, nullptr);
-    TellOddTypes(reading.errors);
+    TellOddEntries(reading.errors);
     auto source = std::make_unique<NestedSource>();
     source->object = stream.GetStream().getObjectID();
     source->isSelfContained = !reading.isCut;
     source->hasUnmodelled = reading.interpretation.hasUnmodelled;
     source->baseRevision = reading.content->GetRevision();
+    cellSource = source.get();
     reading.content->SetSource(std::move(source));
     told = stream.Tell(reading);
     cell = reading.content;
     return cell;
 }
 
-void PdfTiling::TellOddTypes(ErrorList& errors)
+void PdfTiling::TellOddEntries(ErrorList& errors)
 {
     const SourceFile::Access access(document.GetFile());
-    if (!IsIntegerIn(GetEntry(stream.GetStream(), "/PaintType"), 1, 2))
+    QPDFObjectHandle handle = stream.GetStream();
+    if (!IsIntegerIn(GetEntry(handle, "/PaintType"), 1, 2))
         errors.Add("PaintType is neither 1 nor 2; the pattern counts as coloured");
-    if (!IsIntegerIn(GetEntry(stream.GetStream(), "/TilingType"), 1, 3))
+    if (!IsIntegerIn(GetEntry(handle, "/TilingType"), 1, 3))
         errors.Add("TilingType is not from 1 to 3; it counts as 1");
+    if (GetEntry(handle, "/BBox").isNull())
+        errors.Add("BBox is missing");
+    for (const char* const key : {"/XStep", "/YStep"}) {
+        if (ReadStep(GetEntry(handle, key)) == 0.0)
+            errors.Add(std::string(key + 1) + " is no number other than zero");
+    }
 }
 
 std::shared_ptr<const PatternPaint> PdfTiling::MakePaint(const std::shared_ptr<Content>& content,
@@ -119,13 +126,10 @@ std::shared_ptr<const PatternPaint> PdfTiling::MakePaint(const std::shared_ptr<C
     const SourceFile::Access access(document.GetFile());
     QPDFObjectHandle handle = stream.GetStream();
     std::vector<std::string> problems;
-    if (GetEntry(handle, "/BBox").isNull())
-        problems.push_back("BBox is missing");
     PatternPaint::Factory factory(content);
     factory.SetTransformation(ReadMatrix(GetEntry(handle, "/Matrix"), "Matrix", problems))
         .SetCellClip(ReadRectangle(GetEntry(handle, "/BBox"), "BBox", problems))
-        .SetStep({ReadStep(GetEntry(handle, "/XStep"), "XStep", problems),
-                  ReadStep(GetEntry(handle, "/YStep"), "YStep", problems)})
+        .SetStep({ReadStep(GetEntry(handle, "/XStep")), ReadStep(GetEntry(handle, "/YStep"))})
         .SetTilingType(ReadTilingType(GetEntry(handle, "/TilingType")))
         .SetColor(color);
     if (!problems.empty()) {

@@ -13,6 +13,8 @@
 namespace OrvPdf
 {
 
+class NestedSource;
+
 /// A tiling pattern of a file (ISO 32000-1, 8.7.3). Its cell is read when somebody paints with it.
 class PdfTiling : public TilingDefinition
 {
@@ -32,8 +34,8 @@ private:
 
     static ColorKey MakeKey(const OrvPaint::FlatPaint* color);
     std::shared_ptr<OrvDoc::Content> GetCell(std::string& problem);
-    /// Tells types that are no types; the pattern is read nonetheless.
-    void TellOddTypes(ErrorList& errors);
+    /// Tells what must not be missing and what has no meaning; the pattern is read nonetheless.
+    void TellOddEntries(ErrorList& errors);
     std::shared_ptr<const OrvPaint::PatternPaint>
     MakePaint(const std::shared_ptr<OrvDoc::Content>& content,
               const std::shared_ptr<const OrvPaint::FlatPaint>& color, std::string& problem);
@@ -42,6 +44,8 @@ private:
     NestedStream stream;
     bool isUncolored = false;
     std::shared_ptr<OrvDoc::Content> cell;
+    /// The cell's.
+    const NestedSource* cellSource = nullptr;
     std::shared_ptr<const NestedReading> told;
     std::map<ColorKey, std::shared_ptr<const PatternUse>> variants;
     std::shared_ptr<PdfTiling> same;

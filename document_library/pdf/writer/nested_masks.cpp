@@ -90,6 +90,16 @@ QPDFObjectHandle NestedWriter::MakeMaskForm(const SoftMask& mask, const Matrix& 
     for (const char* const key : {"/BBox", "/Matrix", "/OC", Tags::sameFormKey, Tags::groupFormKey}) {
         dictionary.removeKey(key);
     }
+    // Another form of the drawing, or what stays in the file as it is, has the same content.
+    QPDFObjectHandle other = FindKeptStream(mask.GetContent());
+    const auto [first, isFirst] = drawings.emplace(&mask.GetContent(), form);
+    if (!other.isStream() && !isFirst) {
+        other = first->second;
+    }
+    dictionary.removeKey(Tags::sameDrawingKey);
+    if (other.isStream()) {
+        dictionary.replaceKey(Tags::sameDrawingKey, other);
+    }
     dictionary.replaceKey("/Type", QPDFObjectHandle::newName("/XObject"));
     dictionary.replaceKey("/Subtype", QPDFObjectHandle::newName("/Form"));
     SetBox(dictionary, mask.GetBoundingBox());
@@ -118,6 +128,9 @@ void NestedWriter::SetBackdrop(QPDFObjectHandle dictionary, QPDFObjectHandle for
         const char* problem = "backdrops of soft masks cannot be written in the colour space of their group";
         const PaintSettings* const settings = colors.Find(*backdrop, problem);
         const ColorSpace::Pointer own = settings ? colors.GetSpace(settings->color) : nullptr;
+        if (settings && settings->overprint) {
+            problems.Add("backdrops of soft masks cannot overprint and are written without");
+        }
         const bool isSaid = own && (blendSpace ? *own == *blendSpace : IsBlendSpace(own));
         if (!isSaid) {
             problems.Add(problem);

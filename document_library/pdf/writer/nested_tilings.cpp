@@ -7,6 +7,7 @@
 #include <orv_paint/pattern_paint.h>
 
 #include "pdf/marked_content_tags.h"
+#include "pdf/reader/nested_source.h"
 #include "pdf/writer/matrix_object.h"
 #include "pdf/writer/object_maker.h"
 
@@ -37,6 +38,12 @@ QPDFObjectHandle NestedWriter::GetTiling(const PaintPointer& paint)
     if (known != tilings.end()) {
         return known->second;
     }
+    QPDFObjectHandle unchanged = FindKeptTiling(paint);
+    if (unchanged.isStream()) {
+        Keep(paint->GetContent());
+        tilings.emplace(paint, unchanged);
+        return unchanged;
+    }
     std::vector<TilingObject>& objects = tilingObjects[&paint->GetContent()];
     auto fitting = std::find_if(objects.begin(), objects.end(), [&paint](const TilingObject& candidate) {
         return std::all_of(
@@ -45,8 +52,13 @@ QPDFObjectHandle NestedWriter::GetTiling(const PaintPointer& paint)
     });
     if (fitting == objects.end()) {
         QPDFObjectHandle object = MakeTiling(*paint);
-        if (!objects.empty()) {
-            object.getDict().replaceKey(Tags::sameCellKey, objects.front().object);
+        // Whatever stays in the file as it is has the cell of the object there.
+        QPDFObjectHandle other = FindKeptStream(paint->GetContent());
+        if (!other.isStream() && !objects.empty()) {
+            other = objects.front().object;
+        }
+        if (other.isStream()) {
+            object.getDict().replaceKey(Tags::sameCellKey, other);
         }
         objects.push_back({object, {}});
         fitting = objects.end() - 1;
@@ -54,6 +66,14 @@ QPDFObjectHandle NestedWriter::GetTiling(const PaintPointer& paint)
     fitting->paints.push_back(paint);
     tilings.emplace(paint, fitting->object);
     return fitting->object;
+}
+
+QPDFObjectHandle NestedWriter::FindKeptTiling(const PaintPointer& paint)
+{
+    const NestedSource* const source = FindSource(paint->GetContent());
+    const int object = source ? source->FindPattern(paint) : 0;
+    return object != 0 && FindKeptStream(paint->GetContent()).isStream() ? maker.FindSourceObject(object)
+                                                                         : QPDFObjectHandle::newNull();
 }
 
 QPDFObjectHandle NestedWriter::MakeTiling(const PatternPaint& paint)

@@ -45,16 +45,20 @@ const NestedSource* NestedWriter::FindSource(const OrvDoc::Content& content) con
                                                : nullptr;
 }
 
+QPDFObjectHandle NestedWriter::FindKeptStream(const OrvDoc::Content& content)
+{
+    const NestedSource* const source = FindSource(content);
+    const bool isKept = source && source->isSelfContained && content.GetRevision() == source->baseRevision &&
+                        kept.MayKeep(content);
+    return isKept ? maker.FindSourceObject(source->object) : QPDFObjectHandle::newNull();
+}
+
 QPDFObjectHandle NestedWriter::AddContent(const std::shared_ptr<const OrvDoc::Content>& content)
 {
-    const NestedSource* const source = FindSource(*content);
-    const bool isUnchanged = source && content->GetRevision() == source->baseRevision;
-    if (isUnchanged && source->isSelfContained && kept.MayKeep(*content)) {
-        QPDFObjectHandle original = maker.FindSourceObject(source->object);
-        if (original.isStream()) {
-            Keep(*content);
-            return original.copyStream();
-        }
+    QPDFObjectHandle original = FindKeptStream(*content);
+    if (original.isStream()) {
+        Keep(*content);
+        return original.copyStream();
     }
     Task task;
     task.content = content;

@@ -124,6 +124,10 @@ private:
     void SetBackdrop(QPDFObjectHandle dictionary, QPDFObjectHandle form, const OrvBlend::SoftMask& mask);
 
     // nested_tilings.cpp
+    /// The object that the pattern was read from, if it can stay as it is; null otherwise.
+    QPDFObjectHandle FindKeptTiling(const std::shared_ptr<const OrvPaint::PatternPaint>& paint);
+    /// The stream that a content which nobody changed has in the file; null otherwise.
+    QPDFObjectHandle FindKeptStream(const OrvDoc::Content& content);
     QPDFObjectHandle MakeTiling(const OrvPaint::PatternPaint& paint);
     void SetTilingProperties(QPDFObjectHandle dictionary, const OrvPaint::PatternPaint& paint);
 
@@ -149,6 +153,8 @@ private:
         QPDFObjectHandle dictionary;
     };
     std::map<std::shared_ptr<const OrvBlend::SoftMask>, std::vector<KnownMask>> masks;
+    /// The form of each drawing that others of the same drawing name.
+    std::map<const OrvDoc::Content*, QPDFObjectHandle> drawings;
     std::map<std::shared_ptr<const OrvPaint::PatternPaint>, QPDFObjectHandle> tilings;
     std::map<const OrvDoc::Content*, std::vector<TilingObject>> tilingObjects;
     std::vector<Task> tasks;

@@ -9,6 +9,7 @@
 #include <orv_blend/soft_mask.h>
 #include <orv_blend/transparency.h>
 #include <orv_doc/document.h>
+#include <orv_doc/group.h>
 #include <orv_doc/page.h>
 #include <orv_doc/page_content.h>
 #include <orv_doc/path.h>

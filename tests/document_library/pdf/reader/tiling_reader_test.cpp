@@ -173,6 +173,17 @@ TEST(TilingReader, MakesOnePaintOfEachColorOfAnUncoloredPattern)
     EXPECT_EQ(PatternOf(PathOfPage(*document, 1, 1)), first);
 }
 
+TEST(TilingReader, MakesOnePaintWhereTheOverprintModeSaysNothing)
+{
+    const auto document = ReadPages({"/C cs /A gs 0.5 /P scn " + square + "/B gs " + square},
+                                    "/Pattern << /P 5 0 R >> /ColorSpace << /C [/Pattern /DeviceGray] >> "
+                                    "/ExtGState << /A << /op true /OPM "
+                                    "0 >> /B << /op true /OPM 1 >> >>",
+                                    {Usual("0 0 1 1 re f", 2)});
+    ASSERT_TRUE(PatternOf(PathOfPage(*document, 0)));
+    EXPECT_EQ(PathOfPage(*document, 0).GetFillPaint(), PathOfPage(*document, 1).GetFillPaint());
+}
+
 TEST(TilingReader, TellsApartColorsThatDifferInTheirSpaceAlone)
 {
     const auto document = ReadPages(
@@ -249,15 +260,25 @@ TEST(TilingReader, TellsWhatIsMalformedWithTheNameOfThePattern)
     };
     EXPECT_THAT(ErrorsWith(Tiling("/BBox [0 0 10]" + rest)), tellsP("BBox has 3 entries"));
     EXPECT_THAT(ErrorsWith(Tiling("/BBox [0 0 10 /X]" + rest)), tellsP("entry 4 of BBox"));
-    EXPECT_THAT(ErrorsWith(Tiling(rest)), tellsP("BBox"));
     EXPECT_THAT(ErrorsWith(Tiling("/BBox [0 0 9 9] /Matrix [1 0 0 1 0]" + rest)),
                 tellsP("Matrix has 5 entries"));
-    EXPECT_THAT(ErrorsWith(Tiling("/BBox [0 0 9 9] /TilingType 1 /XStep 10")), tellsP("YStep"));
-    EXPECT_THAT(ErrorsWith(Tiling("/BBox [0 0 9 9] /TilingType 1 /XStep 0 /YStep 10")), tellsP("XStep"));
-    EXPECT_THAT(ErrorsWith(Tiling("/BBox [0 0 9 9] /TilingType 1 /XStep (10) /YStep 10")), tellsP("XStep"));
     EXPECT_THAT(ErrorsWith("<< /PatternType 1 >>"), tellsP("no type of pattern"));
     EXPECT_THAT(ErrorsWith(PdfStream("", "/PatternType 7")), tellsP("no type of pattern"));
     EXPECT_THAT(ErrorsWith("null"), tellsP("missing"));
+}
+
+TEST(TilingReader, TellsWhatIsMissingAndReadsThePattern)
+{
+    const auto tells = [](const char* reason) {
+        return ElementsAre(AllOf(HasSubstr("pattern 5 0"), HasSubstr(reason)));
+    };
+    const std::string box = "/BBox [0 0 9 9] /TilingType 1 ";
+    EXPECT_THAT(ErrorsWith(Tiling("/TilingType 1 /XStep 10 /YStep 10")), tells("BBox is missing"));
+    EXPECT_THAT(ErrorsWith(Tiling(box + "/XStep 10")), tells("YStep"));
+    EXPECT_THAT(ErrorsWith(Tiling(box + "/XStep 0 /YStep 10")), tells("XStep"));
+    EXPECT_THAT(ErrorsWith(Tiling(box + "/XStep (10) /YStep 10")), tells("XStep"));
+    const auto document = PageWith(Tiling(box));
+    EXPECT_TRUE(PatternOf(PathOfPage(*document)));
 }
 
 TEST(TilingReader, TellsTypesThatAreNoneAndReadsThePattern)
