@@ -137,20 +137,16 @@ std::shared_ptr<const FormUse> PdfForm::MakeUse(NestedStream::Reading& reading, 
     use->isIsolated = isIsolated;
     use->isKnockout = isKnockout;
     use->usedParameters = interpretation.usedParameters;
-    const bool isSelfContained = FindPeculiar(state, interpretation.usedParameters) == 0 && !layer &&
-                                 !reading.dependsOnResourcesAround && !reading.isCut;
-    use->isLossy = interpretation.hasUnmodelled && !isSelfContained;
 
-    auto source = std::make_unique<NestedSource>();
-    source->object = stream.GetStream().getObjectID();
+    auto source = stream.MakeSource(reading);
+    source->isSelfContained = source->isSelfContained && !reading.dependsOnResourcesAround && !layer &&
+                              FindPeculiar(state, interpretation.usedParameters) == 0;
+    use->isLossy = interpretation.hasUnmodelled && !source->isSelfContained;
     source->user = use->paint;
     source->isGroup = isGroup;
     source->isIsolated = isIsolated;
     source->isKnockout = isKnockout;
-    source->isSelfContained = isSelfContained;
     source->usedParameters = interpretation.usedParameters;
-    source->hasUnmodelled = interpretation.hasUnmodelled;
-    source->baseRevision = reading.content->GetRevision();
     reading.content->SetSource(std::move(source));
     use->reading = stream.Tell(reading);
     return use;

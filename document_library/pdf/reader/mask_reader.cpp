@@ -52,12 +52,7 @@ std::shared_ptr<OrvDoc::Content> MaskDrawing::Get(std::string& problem)
     if (content || !stream.MayRead(problem))
         return content;
     NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::SoftMaskContent, nullptr);
-    auto source = std::make_unique<NestedSource>();
-    source->object = stream.GetStream().getObjectID();
-    source->isSelfContained = !reading.isCut;
-    source->hasUnmodelled = reading.interpretation.hasUnmodelled;
-    source->baseRevision = reading.content->GetRevision();
-    reading.content->SetSource(std::move(source));
+    reading.content->SetSource(stream.MakeSource(reading));
     told = stream.Tell(reading);
     content = reading.content;
     return content;

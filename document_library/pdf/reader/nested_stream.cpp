@@ -9,6 +9,7 @@
 #include "pdf/reader/document_resources.h"
 #include "pdf/reader/geometry_reader.h"
 #include "pdf/reader/group_space.h"
+#include "pdf/reader/nested_source.h"
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/reader/resource_reader.h"
 #include "pdf/reader/stream_data.h"
@@ -98,11 +99,22 @@ NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const Graph
     reading.interpretation =
         InterpretContent(decoded.bytes.View(), inner, limits, *reading.content, {state, box, base});
     reading.errors.Add(std::move(reading.interpretation.errors));
+    reading.usesResourcesAround = !hasOwnResources && inner.HasFound();
     // What has no place in the model may name resources that nobody asked for.
     reading.dependsOnResourcesAround =
-        !hasOwnResources && (inner.HasFound() || reading.interpretation.hasUnmodelled);
+        reading.usesResourcesAround || (!hasOwnResources && reading.interpretation.hasUnmodelled);
     reading.isCut = document.GetNestedContents().cycles != cyclesBefore;
     return reading;
+}
+
+std::unique_ptr<NestedSource> NestedStream::MakeSource(const Reading& reading) const
+{
+    auto source = std::make_unique<NestedSource>();
+    source->object = stream.getObjectID();
+    source->isSelfContained = !reading.isCut && !reading.usesResourcesAround;
+    source->hasUnmodelled = reading.interpretation.hasUnmodelled;
+    source->baseRevision = reading.content->GetRevision();
+    return source;
 }
 
 std::shared_ptr<const NestedReading> NestedStream::Tell(Reading& reading) const

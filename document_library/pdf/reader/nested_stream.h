@@ -18,6 +18,7 @@ namespace OrvPdf
 {
 
 class DocumentResources;
+class NestedSource;
 
 /// The contents of a document that lie inside of others are read one at a time: each is read once, and they
 /// refer to one another in any way that a file likes.
@@ -45,7 +46,9 @@ public:
         std::shared_ptr<OrvDoc::Content> content;
         Interpretation interpretation;
         ErrorList errors;
-        /// Whether it has no resources of its own and needs some.
+        /// Whether it has no resources of its own and what was read of it needs some.
+        bool usesResourcesAround = false;
+        /// The same for what was not read of it too.
         bool dependsOnResourcesAround = false;
         /// Whether it ends where something inside of it would be inside of itself: it is one turn of a
         /// circle, and written as a copy of the stream it would be one more.
@@ -60,6 +63,9 @@ public:
     /// Reads it as a content of that type that begins in that state; null stands for that of a page.
     /// `base` is that of the container that the content is for, see `ContentFrame`.
     Reading Read(OrvDoc::Content::Type type, const GraphicsState* state, const Matrix& base = {});
+    /// What a content that was read says of where it comes from. It stands for itself unless it is one turn
+    /// of a circle or uses resources from around, which are made anew with the content around.
+    std::unique_ptr<NestedSource> MakeSource(const Reading& reading) const;
     /// Makes what was met active errors of the content, and what is told of it around; null for nothing.
     std::shared_ptr<const NestedReading> Tell(Reading& reading) const;
 

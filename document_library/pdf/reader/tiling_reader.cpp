@@ -91,11 +91,7 @@ std::shared_ptr<Content> PdfTiling::GetCell(std::string& problem)
     NestedStream::Reading reading = stream.Read(
         isUncolored ? Content::Type::UncoloredPatternContent : Content::Type::ColoredPatternContent, nullptr);
     TellOddEntries(reading.errors);
-    auto source = std::make_unique<NestedSource>();
-    source->object = stream.GetStream().getObjectID();
-    source->isSelfContained = !reading.isCut;
-    source->hasUnmodelled = reading.interpretation.hasUnmodelled;
-    source->baseRevision = reading.content->GetRevision();
+    auto source = stream.MakeSource(reading);
     cellSource = source.get();
     reading.content->SetSource(std::move(source));
     told = stream.Tell(reading);

@@ -5,7 +5,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <orv_blend/soft_mask.h>
 #include <orv_blend/transparency.h>
+#include <orv_color/color_space.h>
+#include <orv_paint/flat_paint.h>
+#include <orv_paint/pattern_paint.h>
 
 #include "document_library/pdf/form_file.h"
 #include "writer_test_support.h"
@@ -23,7 +27,18 @@ using ::testing::Not;
 using ::testing::SizeIs;
 
 const std::string square = "0 0 1 1 re f\n";
+const std::string spaces = "/ColorSpace << /S [/Separation /Gold /DeviceCMYK << /FunctionType 2 "
+                           "/Domain [0 1] /N 1 /C0 [0 0 0 0] /C1 [0 0 1 0] >>] >>";
 const std::string text = "BT /T 9 Tf (unmodelled) Tj ET\n";
+
+/// Of the first object.
+std::vector<float> ComponentsOf(const OrvDoc::Content& content)
+{
+    const auto paint = std::dynamic_pointer_cast<const OrvPaint::FlatPaint>(PathAt(content).GetFillPaint());
+    return paint && paint->GetNativeSpace()->GetFamily() == OrvColor::ColorSpace::Family::Separation
+               ? paint->GetNativeComponents()
+               : std::vector<float>();
+}
 
 class NestedWriter : public ::testing::Test
 {
@@ -166,13 +181,42 @@ TEST_F(NestedWriter, TextInAFormWithALayerKeepsThePage)
 
 TEST_F(NestedWriter, AFormThatUsesTheResourcesOfItsPageGetsItsOwn)
 {
-    const std::string spaces = "/ColorSpace << /S [/Separation /Gold /DeviceCMYK << /FunctionType 2 "
-                               "/Domain [0 1] /N 1 /C0 [0 0 0 0] /C1 [0 0 1 0] >>] >>";
     file.Read({"/F0 Do"}, {FormObject("/S cs 0.5 scn " + square, "", "")}, spaces);
     const auto reopened = file.Reopen();
     EXPECT_THAT(ErrorsOf(ContentOf(*reopened)), IsEmpty());
     ASSERT_THAT(file.SavedForms(), SizeIs(1));
     EXPECT_TRUE(file.SavedForms()[0].getDict().getKey("/Resources").hasKey("/ColorSpace"));
+}
+
+TEST_F(NestedWriter, APatternThatUsesTheResourcesOfItsPageKeepsItsColors)
+{
+    file.Read({"/Pattern cs /P scn " + square},
+              {HarrowSupport::Testing::PdfStream("/S cs 0.5 scn " + square,
+                                                 "/PatternType 1 /PaintType 1 /TilingType 1 /BBox [0 0 2 2] "
+                                                 "/XStep 2 /YStep 2")},
+              "/Pattern << /P 5 0 R >> " + spaces);
+    const auto color = [](const OrvDoc::Content& page) {
+        const auto& pattern = dynamic_cast<const OrvPaint::PatternPaint&>(*PathAt(page).GetFillPaint());
+        return ComponentsOf(pattern.GetContent());
+    };
+    ASSERT_THAT(color(file.Page()), ElementsAre(0.5f));
+    const auto reopened = file.Reopen();
+    EXPECT_THAT(ErrorsOf(ContentOf(*reopened)), IsEmpty());
+    EXPECT_THAT(color(ContentOf(*reopened)), ElementsAre(0.5f));
+}
+
+TEST_F(NestedWriter, AMaskThatUsesTheResourcesOfItsPageKeepsItsColors)
+{
+    file.Read({"/A gs " + square},
+              {FormObject("/S cs 0.5 scn " + square, "/Group << /S /Transparency /CS /DeviceRGB >>", "")},
+              "/ExtGState << /A << /SMask << /S /Luminosity /G 5 0 R >> >> >> " + spaces);
+    const auto color = [](const OrvDoc::Content& page) {
+        return ComponentsOf(PathAt(page).GetTransparency()->softMask->GetContent());
+    };
+    ASSERT_THAT(color(file.Page()), ElementsAre(0.5f));
+    const auto reopened = file.Reopen();
+    EXPECT_THAT(ErrorsOf(ContentOf(*reopened)), IsEmpty());
+    EXPECT_THAT(color(ContentOf(*reopened)), ElementsAre(0.5f));
 }
 
 TEST_F(NestedWriter, AFormThatDependsOnItsColourIsSharedByAKeptFormAndThePage)
