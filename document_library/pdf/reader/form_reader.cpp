@@ -25,6 +25,8 @@ namespace
 
 /// Real forms are painted under a handful of states that they depend on.
 constexpr std::size_t maximumVariants = 1000;
+/// Of all forms of a document: a small file could ask for any number of readings of a large one.
+constexpr std::uint64_t maximumBytesReadAgain = UINT64_C(8) << 20;
 
 } // namespace
 
@@ -100,10 +102,18 @@ std::shared_ptr<const FormUse> PdfForm::Use(const GraphicsState& state, const Ma
         problem = "it depends on more than " + std::to_string(maximumVariants) + " graphics states around it";
         return nullptr;
     }
+    std::uint64_t& bytesReadAgain = document.GetNestedContents().bytesReadAgain;
+    if (!variants.empty() && bytesReadAgain + size > maximumBytesReadAgain) {
+        problem = "it depends on the graphics state around it, and forms that do take more than " +
+                  std::to_string(maximumBytesReadAgain) + " bytes";
+        return nullptr;
+    }
     if (!stream.MayRead(problem)) {
         return nullptr;
     }
     NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::FormContent, &variant.state);
+    bytesReadAgain += variants.empty() ? 0 : reading.size;
+    size = reading.size;
     variant.use = MakeUse(reading, variant.state);
     variants.push_back(std::move(variant));
     return variants.back().use;

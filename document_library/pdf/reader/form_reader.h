@@ -52,6 +52,8 @@ private:
     /// Of a written group.
     Matrix base;
     std::vector<Variant> variants;
+    /// What the stream holds, in bytes; known when there is a variant.
+    std::uint64_t size = 0;
     /// Masks from around as the form sees them, by the mask and the matrix of the form.
     using MaskKey = std::pair<std::shared_ptr<const OrvBlend::SoftMask>, MatrixKey>;
     std::map<MaskKey, std::shared_ptr<const OrvBlend::SoftMask>> masks;

@@ -76,7 +76,7 @@ NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const Graph
     const SourceFile& file = document.GetFile();
     const OrvDoc::ReadOptions::Limits& limits = file.GetOptions().limits;
     Reading reading{
-        std::make_shared<OrvDoc::Content>(document.GetDocument(), type), {}, ErrorList(limits.errors), false};
+        std::make_shared<OrvDoc::Content>(document.GetDocument(), type), {}, ErrorList(limits.errors)};
     EncodedStream encoded;
     Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> box;
     {
@@ -95,6 +95,7 @@ NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const Graph
     if (!decoded.problem.empty()) {
         reading.errors.Add(decoded.problem);
     }
+    reading.size = decoded.bytes.View().size();
     ResourceReader inner(document, resources);
     reading.interpretation =
         InterpretContent(decoded.bytes.View(), inner, limits, *reading.content, {state, box, base});

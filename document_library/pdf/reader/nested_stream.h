@@ -29,6 +29,8 @@ struct NestedContentLock
     std::uint32_t depth = 0;
     /// How often one was found to be inside of itself.
     std::uint64_t cycles = 0;
+    /// What the streams hold, in bytes, that were read another time for another state around.
+    std::uint64_t bytesReadAgain = 0;
 };
 
 /// A stream of a file that is a content inside of others: a form, the cell of a pattern, the drawing of a
@@ -46,6 +48,8 @@ public:
         std::shared_ptr<OrvDoc::Content> content;
         Interpretation interpretation;
         ErrorList errors;
+        /// What the stream holds, decoded, in bytes.
+        std::uint64_t size = 0;
         /// Whether it has no resources of its own and what was read of it needs some.
         bool usesResourcesAround = false;
         /// The same for what was not read of it too.

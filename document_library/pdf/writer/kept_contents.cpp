@@ -77,22 +77,24 @@ const NestedSource* KeptContents::FindSource(const OrvPaint::FormPaint& form) co
     return source && source->user.lock().get() == &form ? source : nullptr;
 }
 
-// Contents that nobody changed are nested no deeper than the reader lets them be.
 bool KeptContents::MayKeep(const OrvDoc::Content& content)
 {
-    const auto found = known.find(&content);
+    const auto* const source = dynamic_cast<const NestedSource*>(content.GetSource());
+    return MayKeep(content, source && !source->hasUnmodelled);
+}
+
+// Contents that nobody changed are nested no deeper than the reader lets them be.
+bool KeptContents::MayKeep(const OrvDoc::Content& content, bool isModelled)
+{
+    const auto found = known.find({&content, isModelled});
     if (found != known.end()) {
         return found->second;
     }
-    const auto* const source = dynamic_cast<const NestedSource*>(content.GetSource());
-    // Nothing is lost of a content that is modelled as a whole. It names what the others name that are
-    // written.
-    const bool isModelled = source && !source->hasUnmodelled;
     const std::vector<NestedContent> contents = ListNestedContents(content);
     const bool mayKeep = std::all_of(contents.begin(), contents.end(), [&](const NestedContent& inside) {
         return MayKeep(inside, isModelled);
     });
-    known.emplace(&content, mayKeep);
+    known.emplace(std::make_pair(&content, isModelled), mayKeep);
     return mayKeep;
 }
 
@@ -104,7 +106,7 @@ bool KeptContents::MayKeep(const NestedContent& inside, bool isModelled)
     }
     const auto* const anySource = dynamic_cast<const NestedSource*>(inside.content->GetSource());
     return !isModelled && anySource && inside.content->GetRevision() == anySource->baseRevision &&
-           MayKeep(*inside.content);
+           MayKeep(*inside.content, false);
 }
 
 } // namespace OrvPdf

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace OrvDoc
@@ -44,15 +45,18 @@ public:
 
     /// Whether a content that nobody changed since it was read can stay as it stands: what was changed inside
     /// of it are only forms that can be written in the place where they stand. One that has nothing
-    /// unmodelled stays only if all that it paints with does: otherwise it would have other objects than
-    /// those who share these with it and are written anew. Each content is walked once.
+    /// unmodelled, of which nothing is lost, stays only if all that it paints with does: otherwise it would
+    /// have other objects than those who share these with it and are written anew. Each content is walked at
+    /// most twice.
     bool MayKeep(const OrvDoc::Content& content);
 
 private:
+    bool MayKeep(const OrvDoc::Content& content, bool isModelled);
     bool MayKeep(const NestedContent& inside, bool isModelled);
 
     const OrvDoc::Document& document;
-    std::map<const OrvDoc::Content*, bool> known;
+    /// By the content and whether all of it is modelled, it and what is around it.
+    std::map<std::pair<const OrvDoc::Content*, bool>, bool> known;
 };
 
 } // namespace OrvPdf

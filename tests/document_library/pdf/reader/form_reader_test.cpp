@@ -189,6 +189,46 @@ TEST_F(FormNesting, OneLevelPastTheLimitIsLeftOutAndTold)
                 ElementsAre(HasSubstr("form /In is left out: it goes beyond the limit formNesting of 5")));
 }
 
+class FormsOfManyStates : public FormReader
+{
+protected:
+    /// The errors of a page that paints one form, which takes its colour from around, in so many colours.
+    std::vector<std::string> PaintInColors(std::size_t count, const std::string& form)
+    {
+        std::string page;
+        for (std::size_t index = 0; index < count; ++index)
+            page += "0." + std::to_string(10000 + index) + " g /F0 Do\n";
+        file.Read({page}, {FormObject(form)});
+        return ErrorsOf(file.Page());
+    }
+};
+
+TEST_F(FormsOfManyStates, AThousandAreRead)
+{
+    EXPECT_THAT(PaintInColors(1000, square), IsEmpty());
+    EXPECT_THAT(ObjectsOf(file.Page()), SizeIs(1000));
+}
+
+TEST_F(FormsOfManyStates, OneMoreIsLeftOutAndTold)
+{
+    EXPECT_THAT(PaintInColors(1001, square),
+                ElementsAre(HasSubstr("depends on more than 1000 graphics states around it")));
+    EXPECT_THAT(ObjectsOf(file.Page()), SizeIs(1000));
+}
+
+TEST_F(FormsOfManyStates, EightMebibytesAreReadAgain)
+{
+    EXPECT_THAT(PaintInColors(9, square + std::string((1 << 20) - square.size(), ' ')), IsEmpty());
+    EXPECT_THAT(ObjectsOf(file.Page()), SizeIs(9));
+}
+
+TEST_F(FormsOfManyStates, MoreBytesAreLeftOutAndTold)
+{
+    EXPECT_THAT(PaintInColors(9, square + std::string((1 << 20) - square.size() + 1, ' ')),
+                ElementsAre(HasSubstr("take more than 8388608 bytes")));
+    EXPECT_THAT(ObjectsOf(file.Page()), SizeIs(8));
+}
+
 TEST_F(FormReader, AFormWithoutResourcesUsesThoseOfItsPage)
 {
     file.Read({"/F0 Do"}, {FormObject("/S cs 0.5 scn " + square, "", "")},

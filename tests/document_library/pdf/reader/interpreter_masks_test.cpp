@@ -12,19 +12,27 @@ namespace
 {
 
 using HarrowSupport::Testing::PdfStream;
+using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 const std::string square = "0 0 10 10 re f\n";
 
 /// A page with the mask 5, whose form is the object 6 with a matrix, and a form, the object 7.
-std::unique_ptr<OrvDoc::Document> PageOf(const std::string& content, const std::string& formEntries = "")
+std::unique_ptr<OrvDoc::Document> ReadPageOf(const std::string& content, const std::string& formEntries = "")
 {
-    auto document = ReadPages(
+    return ReadPages(
         {content}, "/ExtGState << /G << /SMask 5 0 R >> /N << /SMask /None >> >> /XObject << /F 7 0 R >>",
         {"<< /S /Alpha /G 6 0 R >>",
          PdfStream("0 0 5 5 re f",
                    "/Subtype /Form /BBox [0 0 50 50] /Matrix [1 0 0 1 3 4] /Group << /S /Transparency >>"),
          PdfStream(square, "/Subtype /Form /BBox [0 0 10 10] /Matrix [1 0 0 1 100 0] " + formEntries)});
+}
+
+/// The same without an error.
+std::unique_ptr<OrvDoc::Document> PageOf(const std::string& content, const std::string& formEntries = "")
+{
+    auto document = ReadPageOf(content, formEntries);
     EXPECT_THAT(ErrorsOfPage(*document), IsEmpty());
     return document;
 }
@@ -89,6 +97,33 @@ TEST(InterpreterMasks, ComesBackEquallyThroughAFormThatIsNoGroup)
     const auto back = SavedAndRead(*document);
     EXPECT_EQ(TransformationOf(PathOf(FormContentOf(PathOfPage(*back)))),
               MilliPointMatrix(1.0, 0.0, 0.0, 1.0, -97000.0, -3000.0));
+}
+
+class MasksUnderManyMatrices : public ::testing::Test
+{
+protected:
+    static std::unique_ptr<OrvDoc::Document> Under(std::size_t count)
+    {
+        std::string content;
+        for (std::size_t index = 0; index < count; ++index)
+            content += "1 0 0 1 1 0 cm /G gs " + square;
+        return ReadPageOf(content);
+    }
+};
+
+TEST_F(MasksUnderManyMatrices, TenThousandAreMade)
+{
+    const auto document = Under(10000);
+    EXPECT_TRUE(MaskOf(PathOfPage(*document, 9999)));
+    EXPECT_THAT(ErrorsOfPage(*document), IsEmpty());
+}
+
+TEST_F(MasksUnderManyMatrices, OneMoreIsLeftOutAndTold)
+{
+    const auto document = Under(10001);
+    EXPECT_TRUE(MaskOf(PathOfPage(*document, 9999)));
+    EXPECT_FALSE(MaskOf(PathOfPage(*document, 10000)));
+    EXPECT_THAT(ErrorsOfPage(*document), ElementsAre(HasSubstr("set under more than 10000 matrices")));
 }
 
 } // namespace

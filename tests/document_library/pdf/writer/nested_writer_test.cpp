@@ -20,6 +20,7 @@ namespace
 {
 
 using OrvPaint::FormPaint;
+using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -177,6 +178,22 @@ TEST_F(NestedWriter, TextInAFormWithALayerKeepsThePage)
     file.Reopen();
     ASSERT_THAT(file.SavedForms(), SizeIs(1));
     EXPECT_THAT(DataOf(file.SavedForms()[0]), HasSubstr("unmodelled"));
+}
+
+TEST_F(NestedWriter, APageWithUnmodelledContentStaysWhateverItsFormsPaintWith)
+{
+    const std::string pattern = "/Pattern << /P 6 0 R >>";
+    file.Read({text + "1 0 0 rg /F0 Do"},
+              {FormObject(square + "/Pattern cs /P scn " + square, "", "/Resources << " + pattern + " >>"),
+               HarrowSupport::Testing::PdfStream("0 0 1 1 re f", "/PatternType 1 /PaintType 1 /TilingType 1 "
+                                                                 "/BBox [0 0 2 2] /XStep 2 /YStep 2 "
+                                                                 "/Resources << >>")});
+    const std::vector<std::string> errors = ErrorsOf(file.Page());
+    ASSERT_THAT(errors, Each(HasSubstr("text is not modelled")));
+    ASSERT_THAT(errors, SizeIs(4));
+    const auto reopened = file.Reopen();
+    EXPECT_EQ(ErrorsOf(file.Page()), errors);
+    EXPECT_EQ(ErrorsOf(ContentOf(*reopened)), errors);
 }
 
 TEST_F(NestedWriter, AFormThatUsesTheResourcesOfItsPageGetsItsOwn)
