@@ -21,7 +21,7 @@ public:
 
     void Print(std::ostream& stream) const override;
 
-    /// Both ends are zero in that component.
+    /// Both ends are zero in that component and the range leaves zero as it is, or leaves nothing else.
     bool IsZero(std::size_t component) const override;
 
     /// Output at 0 and at 1, one element for each component.

@@ -20,7 +20,7 @@ public:
 
     void Print(std::ostream& stream) const override;
 
-    /// Every part is zero in that component.
+    /// Every part is zero in that component and the range leaves zero as it is, or leaves nothing else.
     bool IsZero(std::size_t component) const override;
 
     /// The parts, in order; at least one.

@@ -1,6 +1,7 @@
 #include <orv_paint/exponential_function.h>
 
 #include "orv_paint/function_text.h"
+#include "orv_paint/zero_component.h"
 
 #include <cmath>
 #include <stdexcept>
@@ -28,7 +29,8 @@ void ExponentialFunction::Print(std::ostream& stream) const
 
 bool ExponentialFunction::IsZero(std::size_t component) const
 {
-    return component >= c0.size() || (c0[component] == 0.0f && c1[component] == 0.0f);
+    return component >= c0.size() ||
+           Detail::IsZeroInRange(*this, component, c0[component] == 0.0f && c1[component] == 0.0f);
 }
 
 ExponentialFunction::Factory::Factory(std::vector<OrvColor::Component> givenC0,

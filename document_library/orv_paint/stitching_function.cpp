@@ -1,6 +1,7 @@
 #include <orv_paint/stitching_function.h>
 
 #include "orv_paint/function_text.h"
+#include "orv_paint/zero_component.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -64,8 +65,12 @@ void StitchingFunction::Print(std::ostream& stream) const
 
 bool StitchingFunction::IsZero(std::size_t component) const
 {
-    return std::all_of(functions.begin(), functions.end(),
-                       [component](const auto& function) { return function->IsZero(component); });
+    if (component >= GetRange().size())
+        return true;
+    const bool areZero = std::all_of(functions.begin(), functions.end(), [component](const auto& function) {
+        return function->IsZero(component);
+    });
+    return Detail::IsZeroInRange(*this, component, areZero);
 }
 
 std::vector<double> StitchingFunction::GetInnerBounds() const

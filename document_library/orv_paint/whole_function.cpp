@@ -5,6 +5,7 @@
 #include "orv_paint/definition_numbers.h"
 #include "orv_paint/function_text.h"
 #include "orv_paint/joined_function.h"
+#include "orv_paint/zero_component.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -122,7 +123,7 @@ bool WholeFunction::IsZero(std::size_t component) const
         return true;
     if (!parts.empty())
         return parts[component]->IsZero(0);
-    return GetRange()[component][0] == 0.0 && GetRange()[component][1] == 0.0;
+    return Detail::IsZeroInRange(*this, component, false);
 }
 
 } // namespace OrvPaint

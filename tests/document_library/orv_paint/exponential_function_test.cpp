@@ -57,6 +57,26 @@ TEST(ExponentialFunctionTest, IsZeroWhereBothEndsAre)
     EXPECT_TRUE(function->IsZero(3));
 }
 
+TEST(ExponentialFunctionTest, ARangeThatLeavesNothingElseMakesItZero)
+{
+    const auto function = Factory({0.5f, 0.5f}, {1.0f, 1.0f}, 1.0).SetRange({{0.0, 0.0}, {0.0, 1.0}}).Get();
+    EXPECT_TRUE(function->IsZero(0));
+    EXPECT_FALSE(function->IsZero(1));
+}
+
+TEST(ExponentialFunctionTest, ARangeWithoutZeroKeepsItFromBeingZero)
+{
+    const double above = std::nextafter(0.0, 1.0);
+    const auto function = Factory({0.0f, 0.0f, 0.0f, 0.0f}, {0.0f, 0.0f, 0.0f, 0.0f}, 1.0)
+                              .SetRange({{0.0, 1.0}, {above, 1.0}, {-1.0, 0.0}, {-1.0, -above}})
+                              .Get();
+    EXPECT_TRUE(function->IsZero(0));
+    EXPECT_FALSE(function->IsZero(1));
+    EXPECT_TRUE(function->IsZero(2));
+    EXPECT_FALSE(function->IsZero(3));
+    EXPECT_TRUE(function->IsZero(4));
+}
+
 TEST(ExponentialFunctionTest, RefusesEndsOfDifferentLength)
 {
     EXPECT_THROW(Factory({0.0f}, {1.0f, 1.0f}, 1.0).Get(), std::invalid_argument);

@@ -84,6 +84,15 @@ TEST(StitchingFunctionTest, IsZeroWhereAllPartsAre)
     EXPECT_TRUE(function->IsZero(1));
 }
 
+TEST(StitchingFunctionTest, IsZeroByItsOwnRangeToo)
+{
+    const auto function =
+        StitchingFunction::Factory({Part(0, 0), Part(0, 1)}, {0.5}).SetRange({{0.0, 0.0}, {0.25, 1.0}}).Get();
+    EXPECT_TRUE(function->IsZero(0));
+    EXPECT_FALSE(function->IsZero(1));
+    EXPECT_TRUE(function->IsZero(2));
+}
+
 TEST(StitchingFunctionTest, RefusesWhatDoesNotFit)
 {
     const FunctionPointer oneOutput = ExponentialFunction::Factory({0.0f}, {1.0f}, 1.0).Get();
