@@ -26,6 +26,9 @@
 #include <orv_paint/pattern_paint.h>
 #include <orv_paint/radial_shading_paint.h>
 #include <orv_paint/stitching_function.h>
+#include <orv_paint/whole_function.h>
+#include <orv_paint/whole_shading_paint.h>
+#include <orv_sys/pdf_object.h>
 
 namespace
 {
@@ -63,6 +66,11 @@ static_assert(std::is_base_of_v<Function, ExponentialFunction>);
 static_assert(std::is_base_of_v<Function, StitchingFunction>);
 static_assert(std::is_abstract_v<Paint> && std::has_virtual_destructor_v<Paint>);
 static_assert(std::is_abstract_v<Function> && std::has_virtual_destructor_v<Function>);
+
+// Once made they stay as they are: no object of them is ever assigned to.
+static_assert(!std::is_assignable_v<Paint&, const Paint&> &&
+              !std::is_assignable_v<Function&, const Function&>);
+static_assert(!std::is_assignable_v<SoftMask&, const SoftMask&>);
 
 // The enumerations.
 static_assert(sizeof(Paint::Type) == 4 && sizeof(Function::Type) == 4);
@@ -168,6 +176,7 @@ static_assert(Has<std::ostream& (*)(std::ostream&, Paint::Type)>(&OrvPaint::oper
 static_assert(Has<std::ostream& (*)(std::ostream&, FormPaint::Scope)>(&OrvPaint::operator<<));
 
 // Transparencies and soft masks.
+static_assert(!std::is_polymorphic_v<Transparency>, "nothing stands in front of the fields");
 static_assert(std::is_same_v<decltype(Transparency::blendMode), OrvBlend::BlendMode>);
 static_assert(std::is_same_v<decltype(Transparency::fillAlpha), Component>);
 static_assert(std::is_same_v<decltype(Transparency::strokeAlpha), Component>);
@@ -195,6 +204,30 @@ TEST(PaintOperations, AFunctionHasOneOperationBetweenItsDestructorAndIsZero)
     EXPECT_EQ(GetSlots(&Function::Print, &Function::IsZero), CountFrom(2, 2));
 }
 
+/// A class with one virtual operation more, which takes the next place of the table.
+template <typename Class>
+struct Extended : Class
+{
+    virtual void Next() = 0;
+};
+
+template <typename... Classes>
+std::vector<std::size_t> GetNextSlots()
+{
+    return GetSlots(&Extended<Classes>::Next...);
+}
+
+TEST(PaintOperations, NoPaintHasAVirtualOperationBehindItsColorants)
+{
+    EXPECT_THAT((GetNextSlots<Paint, FlatPaint, ShadingPaint, Axial, Radial, PatternPaint, FormPaint>()),
+                testing::Each(3));
+}
+
+TEST(PaintOperations, NoFunctionHasAVirtualOperationBehindIsZero)
+{
+    EXPECT_THAT((GetNextSlots<Function, Exponential, Stitching>()), testing::Each(4));
+}
+
 TEST(PaintOperations, ATransparencyHasItsFieldsInOrder)
 {
     const Transparency fields;
@@ -214,27 +247,119 @@ std::shared_ptr<Content> MakeContent(Content::Type type)
     return std::make_shared<Content>(OrvDoc::GetScratchDocument(), type);
 }
 
+Mapping MapInk()
+{
+    Mapping mapping;
+    mapping.Add("Gold", 0);
+    return mapping;
+}
+
+/// A sampled function of one input and one output.
+FunctionPointer MakeSampledFunction()
+{
+    using OrvSys::PdfObject;
+    const PdfObject unit = PdfObject::Array({PdfObject::Integer(0), PdfObject::Integer(1)});
+    return WholeFunction::Make(PdfObject::Stream(
+        PdfObject::Dictionary({{"FunctionType", PdfObject::Integer(0)}, {"Domain", unit}, {"Range", unit}}),
+        "samples"));
+}
+
+/// The position of an object's own class in the list, or the length of the list.
+template <typename... Classes, typename Base>
+std::size_t FindClass(const Base& object)
+{
+    std::size_t position = 0;
+    (void)(... || (typeid(object) == typeid(Classes) || (++position, false)));
+    return position;
+}
+
 TEST(PaintOperations, TheTypeOfAPaintLeadsToItsClass)
 {
     const std::vector<std::shared_ptr<const Paint>> paints = {
-        GetFlatPaint({}, nullptr), Axial::Factory({}).SetFunction(MakeFunction()).Get(),
+        GetFlatPaint({}, nullptr),
+        Axial::Factory({}).SetFunction(MakeFunction()).Get(),
         Radial::Factory({}).SetFunction(MakeFunction()).Get(),
+        WholeShadingPaint::Factory({}, OrvSys::PdfObject()).Get(),
         PatternPaint::Factory(MakeContent(Content::Type::ColoredPatternContent)).Get(),
         FormPaint::Factory(MakeContent(Content::Type::FormContent)).Get()};
     std::vector<int> types;
-    std::vector<std::string> classes;
+    std::vector<std::size_t> classes;
     for (const auto& paint : paints) {
-        const Paint& object = *paint;
-        types.push_back(static_cast<int>(object.GetType()));
-        classes.push_back(typeid(object) == typeid(FlatPaint)      ? "flat"
-                          : typeid(object) == typeid(Axial)        ? "axial"
-                          : typeid(object) == typeid(Radial)       ? "radial"
-                          : typeid(object) == typeid(PatternPaint) ? "pattern"
-                          : typeid(object) == typeid(FormPaint)    ? "form"
-                                                                   : "unknown");
+        types.push_back(static_cast<int>(paint->GetType()));
+        classes.push_back(
+            FindClass<FlatPaint, Axial, Radial, WholeShadingPaint, PatternPaint, FormPaint>(*paint));
     }
-    EXPECT_THAT(types, testing::ElementsAre(1, 2, 3, 5, 6));
-    EXPECT_THAT(classes, testing::ElementsAre("flat", "axial", "radial", "pattern", "form"));
+    EXPECT_THAT(types, testing::ElementsAre(1, 2, 3, 4, 5, 6));
+    EXPECT_THAT(classes, testing::ElementsAre(0, 1, 2, 3, 4, 5));
+}
+
+TEST(PaintOperations, TheTypeOfAFunctionLeadsToItsClass)
+{
+    const FunctionPointer exponential = MakeFunction();
+    const std::vector<FunctionPointer> functions = {MakeSampledFunction(),
+                                                    Stitching::Factory({exponential}, {}).Get(), exponential};
+    std::vector<int> types;
+    std::vector<std::size_t> classes;
+    for (const auto& function : functions) {
+        types.push_back(static_cast<int>(function->GetType()));
+        classes.push_back(FindClass<WholeFunction, Stitching, Exponential>(*function));
+    }
+    EXPECT_THAT(types, testing::ElementsAre(0, 1, 2));
+    EXPECT_THAT(classes, testing::ElementsAre(0, 1, 2));
+}
+
+TEST(PaintOperations, AnotherShadingIsAShading)
+{
+    const std::shared_ptr<const Paint> paint =
+        WholeShadingPaint::Factory(MapInk(), OrvSys::PdfObject()).Get();
+    EXPECT_EQ(static_cast<const ShadingPaint&>(*paint).GetSeparationMapping(), MapInk());
+    EXPECT_EQ(paint->GetColorants().entries.size(), 1u);
+}
+
+// What a program hands over is moved into the factory and not copied.
+
+TEST(PaintOperations, FactoriesOfPaintsTakeTheirListsByValue)
+{
+    Color color{{{1.0f, "Gold"}}, 0.0f, false, false};
+    Color sameColor = color;
+    Mapping axialMapping = MapInk();
+    Mapping radialMapping = MapInk();
+    const FlatPaint::Factory flat(std::move(color), nullptr);
+    const FlatPointer paint = GetFlatPaint(std::move(sameColor), nullptr);
+    const Axial::Factory axial(std::move(axialMapping));
+    const Radial::Factory radial(std::move(radialMapping));
+    // NOLINTBEGIN(bugprone-use-after-move): that nothing is left in them is what is tested.
+    EXPECT_TRUE(color.entries.empty());
+    EXPECT_TRUE(sameColor.entries.empty());
+    EXPECT_TRUE(axialMapping.entries.empty());
+    EXPECT_TRUE(radialMapping.entries.empty());
+    // NOLINTEND(bugprone-use-after-move)
+}
+
+TEST(PaintOperations, FactoriesOfFunctionsTakeTheirListsByValue)
+{
+    std::vector<Component> start = {0.0f};
+    std::vector<Component> end = {1.0f};
+    const Exponential::Factory exponential(std::move(start), std::move(end), 1.0);
+    std::vector<FunctionPointer> parts = {exponential.Get()};
+    std::vector<double> bounds = {0.0, 1.0};
+    Pairs encode = {{0.0, 0.5}};
+    Stitching::Factory stitching(std::move(parts), std::move(bounds));
+    stitching.SetEncode(std::move(encode));
+    // NOLINTBEGIN(bugprone-use-after-move): that nothing is left in them is what is tested.
+    EXPECT_TRUE(start.empty());
+    EXPECT_TRUE(end.empty());
+    EXPECT_TRUE(parts.empty());
+    EXPECT_TRUE(bounds.empty());
+    EXPECT_TRUE(encode.empty());
+    // NOLINTEND(bugprone-use-after-move)
+}
+
+TEST(PaintOperations, TheLibrarysComparisonTellsFunctionsKeptWholeApart)
+{
+    const FunctionPointer sampled = MakeSampledFunction();
+    EXPECT_TRUE(*sampled == *MakeSampledFunction());
+    EXPECT_FALSE(*sampled == *MakeFunction());
 }
 
 TEST(PaintOperations, AShadingIsCastToItsBase)

@@ -16,6 +16,8 @@
 #include <plexa/geometry.h>
 
 #include "generation/shading_function.h"
+#include "support/document_makers.h"
+#include "support/recording_reporter.h"
 
 namespace HarrowSupport::Testing
 {
@@ -161,10 +163,18 @@ TEST(ShadingFunctionTest, FurtherBoundsMidpointsAndPairsOfALoneFunctionAreNotLoo
 
 TEST(ShadingFunctionTest, TwoColorsOverAnythingElseMakeAStitchingFunctionOfOne)
 {
-    const double below = std::nextafter(1.0, 0.0);
-    const double above = std::nextafter(0.0, 1.0);
-    for (const std::array<double, 2> pair :
-         {std::array<double, 2>{0.0, 0.5}, {1.0, 0.0}, {0.0, below}, {above, 1.0}, {nan, 1.0}, {0.0, nan}}) {
+    const double belowZero = std::nextafter(0.0, -1.0);
+    const double aboveZero = std::nextafter(0.0, 1.0);
+    const double belowOne = std::nextafter(1.0, 0.0);
+    const double aboveOne = std::nextafter(1.0, 2.0);
+    for (const std::array<double, 2> pair : {std::array<double, 2>{0.0, 0.5},
+                                             {1.0, 0.0},
+                                             {belowZero, 1.0},
+                                             {aboveZero, 1.0},
+                                             {0.0, belowOne},
+                                             {0.0, aboveOne},
+                                             {nan, 1.0},
+                                             {0.0, nan}}) {
         const auto function = MakeFunction(blackToGold, {}, {0.5}, {pair});
         ASSERT_EQ(function->GetType(), Function::Type::Stitching) << pair[0] << ' ' << pair[1];
         const auto& parts = AsStitching(*function).GetFunctions();
@@ -190,6 +200,41 @@ TEST(ShadingFunctionTest, ThreeColorsAlwaysMakeAStitchingFunctionOfTwo)
     EXPECT_THAT(AsExponential(*parts[0]).GetC1(), ElementsAre(0.0f, 0.5f));
     EXPECT_THAT(AsExponential(*parts[1]).GetC0(), ElementsAre(0.0f, 0.5f));
     EXPECT_THAT(AsExponential(*parts[1]).GetC1(), ElementsAre(0.25f, 0.0f));
+}
+
+TEST(ShadingFunctionTest, TwoColorsCanBeStitchedOverTheSameBounds)
+{
+    const auto function = MakeFunction(blackToGold, {0.25, 0.75}, {0.5}, {{0.0, 0.5}});
+    ASSERT_EQ(function->GetType(), Function::Type::Stitching);
+    EXPECT_THAT(AsStitching(*function).GetBounds(), ElementsAre(0.25, 0.75));
+    EXPECT_THAT(AsStitching(*function).GetEncode(), ElementsAre(ElementsAre(0.0, 0.5)));
+    EXPECT_THAT(AsStitching(*function).GetFunctions().front()->GetDomain(),
+                ElementsAre(ElementsAre(0.0, 1.0)));
+}
+
+TEST(ShadingFunctionTest, PairsOfThreeColorsAreTheLibrarysBusiness)
+{
+    const auto function = MakeFunction(threeInks, {0.5}, {0.5, 0.5}, {});
+    EXPECT_EQ(function->GetType(), Function::Type::Stitching);
+    EXPECT_THROW(MakeFunction(threeInks, {0.5}, {0.5, 0.5}, {{0.0, 1.0}}), std::invalid_argument);
+}
+
+TEST(ShadingFunctionTest, TheSegmentsOfManyColorsStandInOrder)
+{
+    Colors colors;
+    const std::vector<double> midpoints = {0.5, 0.25, 0.75, 0.125};
+    for (const float tint : {0.0f, 0.125f, 0.25f, 0.5f, 1.0f})
+        colors.push_back(Ink("Gold", tint));
+    const auto function = MakeFunction(colors, {0.1, 0.2, 0.3}, midpoints, Encode(4, {0.0, 1.0}));
+    const auto& parts = AsStitching(*function).GetFunctions();
+    ASSERT_THAT(parts, SizeIs(4));
+    for (std::size_t index = 0; index < 4; ++index) {
+        const ExponentialFunction& part = AsExponential(*parts[index]);
+        EXPECT_EQ(part.GetC0().front(), colors[index].entries.front().value) << index;
+        EXPECT_EQ(part.GetC1().front(), colors[index + 1].entries.front().value) << index;
+        EXPECT_EQ(part.GetN(), OrvPaint::MidpointToExponent(midpoints[index])) << index;
+        EXPECT_THAT(part.GetDomain(), ElementsAre(ElementsAre(0.0, 1.0))) << index;
+    }
 }
 
 TEST(ShadingFunctionTest, TheStitchingFunctionTakesBoundsAndPairsUnchanged)
@@ -282,6 +327,20 @@ TEST(CreateFormInstanceTest, IsTheTransformedBoxFilledWithTheForm)
     EXPECT_EQ(*path->DefiningCompound(), *Plexa::GetRectangleCompound({7000.0, 12000.0, 60000.0, 120000.0}));
 }
 
+TEST(CreateFormInstanceTest, IsABoxUnderASkewingTransformationToo)
+{
+    const auto form = OrvPaint::FormPaint::Factory(*MakeForm())
+                          .SetFormTransformation({1.0, 0.0, 0.5, -1.0, 0.0, 100.0})
+                          .Get();
+    Plexa::CompoundBuilder builder;
+    builder.MoveTo({2000.0, -1900.0});
+    builder.LineTo({32000.0, -1900.0});
+    builder.LineTo({52000.0, -41900.0});
+    builder.LineTo({22000.0, -41900.0});
+    builder.Close();
+    EXPECT_EQ(*CreateFormInstance(form)->DefiningCompound(), *builder.Finish(Plexa::WindingRule::NonZero));
+}
+
 TEST(CreateFormInstanceTest, SetsNothingElse)
 {
     const auto path = CreateFormInstance(MakeForm());
@@ -305,6 +364,20 @@ TEST(CreateGroupTest, AUsersGroupDiffersInBitThirtyAlone)
     const auto flags = static_cast<std::uint32_t>(CreateUserGroup()->GetFlags());
     EXPECT_EQ(flags, 0x400001FFu);
     EXPECT_EQ(flags ^ static_cast<std::uint32_t>(CreateGroup()->GetFlags()), std::uint32_t{1} << 30);
+}
+
+TEST(CreateGroupTest, AComparisonTellsNothingButWhoMadeTheGroup)
+{
+    const auto document = OrvDoc::Document::CreateNew();
+    const auto contentWith = [&document](std::unique_ptr<OrvDoc::Group> group) {
+        // Otherwise a comparison looks through a group that no user made.
+        group->SetTransparency(OrvBlend::Transparency::Factory().SetKnockout(true).Get());
+        auto content = NewContent(*document, OrvDoc::Content::Type::PageContent);
+        Fill(*content, std::move(group));
+        return content;
+    };
+    ExpectReports(*contentWith(CreateUserGroup()), *contentWith(CreateGroup()),
+                  {Difference("GroupIsUserCreated", "1", "0")});
 }
 
 TEST(CreatePathTest, OfACompoundHasThatVeryShape)
@@ -336,6 +409,29 @@ TEST(CreateTextGroupTest, IsEmpty)
     EXPECT_EQ(group->children.first, nullptr);
     EXPECT_EQ(group->GetContent(), nullptr);
     EXPECT_EQ(group->GetFlags(), OrvDoc::TextGroup().GetFlags());
+}
+
+// What the same arguments give twice.
+
+TEST(FactoriesTest, TwoCallsGiveEqualObjects)
+{
+    const auto document = OrvDoc::Document::CreateNew();
+    const auto form = MakeForm();
+    const auto make = [&] {
+        auto content = NewContent(*document, OrvDoc::Content::Type::PageContent);
+        const Rectangle rectangle(1.0, 2.0, 3.0, 4.0);
+        const Encode encode(2, {0.0, 1.0});
+        auto flat = CreatePath(rectangle);
+        flat->SetFillPaint(CreateFlatPaint("Gold"));
+        auto axial = CreatePath(rectangle);
+        axial->SetFillPaint(CreateAxialShadingPaint(threeInks, {0.5}, {0.25, 0.5}, encode));
+        auto radial = CreatePath(rectangle);
+        radial->SetFillPaint(CreateRadialShadingPaint(threeInks, {0.5}, {0.25, 0.5}, encode));
+        Fill(*content, std::move(flat), std::move(axial), std::move(radial), CreateFormInstance(form),
+             CreateGroup(), CreateUserGroup(), CreateTextGroup());
+        return content;
+    };
+    ExpectReports(*make(), *make(), {});
 }
 
 } // namespace
