@@ -175,7 +175,7 @@ TEST(ShadingFunctionTest, TwoColorsOverAnythingElseMakeAStitchingFunctionOfOne)
                                              {0.0, aboveOne},
                                              {nan, 1.0},
                                              {0.0, nan}}) {
-        const auto function = MakeFunction(blackToGold, {}, {0.5}, {pair});
+        const auto function = MakeFunction(blackToGold, {0.25, 0.75}, {0.5}, {pair});
         ASSERT_EQ(function->GetType(), Function::Type::Stitching) << pair[0] << ' ' << pair[1];
         const auto& parts = AsStitching(*function).GetFunctions();
         ASSERT_THAT(parts, SizeIs(1));
