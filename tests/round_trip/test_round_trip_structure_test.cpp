@@ -1,9 +1,7 @@
 #include <harrow_support/round_trip.h>
 
-#include <functional>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <boost/any.hpp>
@@ -14,18 +12,14 @@
 #include <orv_doc/blend_color_space.h>
 #include <orv_doc/errors.h>
 #include <orv_doc/properties.h>
-#include <orv_doc/scratch_document.h>
-#include <orv_doc/separation.h>
 #include <orv_doc/transfer_function_set.h>
-#include <orv_paint/exponential_function.h>
-#include <orv_sys/error.h>
-#include <plexa/geometry.h>
 
-#include "own_temporary_directory.h"
 #include "round_trip/remove_file.h"
 #include "support/document_makers.h"
+#include "support/paint_makers.h"
 #include "support/pdf_text.h"
 #include "support/recording_reporter.h"
+#include "trip.h"
 
 namespace HarrowSupport::Testing
 {
@@ -35,127 +29,9 @@ namespace
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::MatchesRegex;
-using DocumentPointer = std::unique_ptr<OrvDoc::Document>;
-
-/// What holds for both overloads runs for both.
-enum class Way
-{
-    ThroughFile,
-    InMemory,
-};
-
-/// A path that acts when it is copied, and once while it is written, which is after the copy.
-class ActingPath : public OrvDoc::Path
-{
-public:
-    explicit ActingPath(Way wayToGo)
-        : OrvDoc::Path(Plexa::GetRectangleCompound(Box(0.0, 0.0, 10000.0, 10000.0))), way(wayToGo)
-    {}
-
-    /// The copy is of the class that comes back, since classes are compared.
-    OrvDoc::Path* Clone(OrvDoc::CloneStrategy& strategy) const override
-    {
-        OrvDoc::Path* const clone =
-            way == Way::ThroughFile ? OrvDoc::Path::Clone(strategy) : new ActingPath(way);
-        if (whenCloned)
-            whenCloned(*clone);
-        isCloned = true;
-        return clone;
-    }
-
-    bool IsClippingObject() const override
-    {
-        if (isCloned && whenWritten)
-            std::exchange(whenWritten, nullptr)();
-        return false;
-    }
-
-    std::function<void(OrvDoc::Path&)> whenCloned;
-    mutable std::function<void()> whenWritten;
-
-private:
-    Way way;
-    mutable bool isCloned = false;
-};
-
-/// Acts when the document goes that has it among its properties.
-struct WhenDestroyed
-{
-    explicit WhenDestroyed(std::function<void()> actionToCall) : action(std::move(actionToCall)) {}
-    ~WhenDestroyed() { action(); }
-    WhenDestroyed(const WhenDestroyed&) = delete;
-    WhenDestroyed& operator=(const WhenDestroyed&) = delete;
-
-    std::function<void()> action;
-};
-
-OrvDoc::Content& ScratchContent()
-{
-    return ContentOf(OrvDoc::GetScratchDocument());
-}
-
-void EmptyScratchContent()
-{
-    while (ScratchContent().GetChildren().first)
-        delete ScratchContent().GetChildren().first->ExtractFromParent();
-}
-
-std::vector<std::string> LinesOf(const RoundTripResult& result)
-{
-    std::vector<std::string> lines;
-    for (const HarrowSupport::Difference& difference : result.differences)
-        lines.push_back(difference.label + ": " + difference.message);
-    return lines;
-}
-
-std::vector<std::string> TextsOf(const std::vector<std::shared_ptr<OrvSys::Core::Error>>& errors)
-{
-    std::vector<std::string> texts;
-    for (const auto& error : errors)
-        texts.push_back(error->GetText());
-    return texts;
-}
-
-std::string ObjectPlace(const OrvDoc::ContentObject* object)
-{
-    return "object OID" + std::to_string(object->GetID());
-}
-
-std::vector<OrvDoc::Separation::Entry> SeparationNamed(const std::string& name)
-{
-    return {OrvDoc::Separation::Entry(name, OrvColor::Representation())};
-}
-
-class TestRoundTrip : public OwnTemporaryDirectory
-{
-protected:
-    ~TestRoundTrip() override { EmptyScratchContent(); }
-
-    static RoundTripResult Run(Way way, DocumentPointer& document,
-                               const Comparators::Options& options = AllOptions())
-    {
-        return way == Way::ThroughFile ? TestRoundTripStructure(document, options)
-                                       : TestRoundTripStructure(*document, options);
-    }
-
-    /// Lets another document stand in the file by the time that it is read.
-    void ReadInstead(OrvDoc::Document& document, std::function<DocumentPointer()> makeOther)
-    {
-        document.GetProperties().Set("test", std::make_shared<WhenDestroyed>([this, makeOther] {
-                                         makeOther()->Save(
-                                             folder.GetPath() / OnlyFileName(),
-                                             OrvDoc::WriteOptions(OrvDoc::WriteOptions::Flavour::Full));
-                                     }));
-    }
-};
-
-class TestRoundTripBothWays : public TestRoundTrip, public ::testing::WithParamInterface<Way>
-{};
 
 INSTANTIATE_TEST_SUITE_P(Overloads, TestRoundTripBothWays, ::testing::Values(Way::ThroughFile, Way::InMemory),
-                         [](const auto& way) {
-                             return std::string(way.param == Way::ThroughFile ? "ThroughFile" : "InMemory");
-                         });
+                         NameOfWay);
 
 TEST_P(TestRoundTripBothWays, GivesThreeEmptyListsIfNothingChanged)
 {
@@ -207,6 +83,19 @@ TEST_P(TestRoundTripBothWays, LeavesTheBlendColorSpaceOnTheScratchPage)
     EXPECT_EQ(ScratchContent().GetBlendColorSpace(), ContentOf(*other).GetBlendColorSpace());
 }
 
+TEST_P(TestRoundTripBothWays, LeavesTheTransferFunctionsOnTheScratchPage)
+{
+    const OrvDoc::TransferFunctionSet set(Ramp({0.0f}, {1.0f}, 2.0), {});
+    auto document = NewDocument();
+    PageOf(*document).SetTransferFunctionSet(set);
+    EXPECT_THAT(LinesOf(Run(GetParam(), document)), IsEmpty());
+    EXPECT_TRUE(ScratchContent().GetTransferFunctionSet() == boost::make_optional(set));
+
+    auto other = NewDocument();
+    EXPECT_THAT(LinesOf(Run(GetParam(), other)), IsEmpty());
+    EXPECT_FALSE(ScratchContent().GetTransferFunctionSet());
+}
+
 TEST_P(TestRoundTripBothWays, DoesNotLookAtTheSeparationInfoUnasked)
 {
     auto document = NewDocument();
@@ -218,6 +107,23 @@ TEST_P(TestRoundTripBothWays, DoesNotLookAtTheSeparationInfoUnasked)
     Comparators::Options options = AllOptions();
     options.compareSeparationInfo = false;
     EXPECT_THAT(LinesOf(Run(GetParam(), document, options)), IsEmpty());
+}
+
+TEST_P(TestRoundTripBothWays, HandsTheOptionsToTheComparison)
+{
+    const auto dumpOf = [](std::uint32_t level) {
+        auto document = NewDocument();
+        Fill(ContentOf(*document), Square());
+        // Left by nobody in particular, and so one object too many.
+        Fill(ScratchContent(), Square());
+        Comparators::Options options = AllOptions();
+        options.dumpLevel = level;
+        ::testing::internal::CaptureStderr();
+        Run(GetParam(), document, options);
+        return ::testing::internal::GetCapturedStderr();
+    };
+    EXPECT_EQ(dumpOf(0), "");
+    EXPECT_NE(dumpOf(1), "");
 }
 
 TEST_P(TestRoundTripBothWays, TellsNewErrorsOfDocumentAndContent)
@@ -255,6 +161,21 @@ TEST_P(TestRoundTripBothWays, DoesNotTellErrorsOfReadingThePageForTheFirstTime)
 
     const auto other = OrvDoc::Document::Create(file, OrvDoc::ReadOptions());
     EXPECT_EQ(ContentOf(*other).GetActiveErrors().GetAllErrors().size(), 1u);
+}
+
+TEST_P(TestRoundTripBothWays, DoesNotTellErrorsThatTheCopyAdds)
+{
+    auto document = NewDocument();
+    auto path = std::make_unique<ActingPath>(GetParam());
+    OrvDoc::Document* const raw = document.get();
+    path->whenCloned = [raw](OrvDoc::Path&) {
+        raw->GetActiveErrors().Add("of the copy");
+        ContentOf(*raw).GetActiveErrors().Add("of the copy too");
+    };
+    Fill(ContentOf(*document), std::move(path));
+    const RoundTripResult result = Run(GetParam(), document);
+    EXPECT_THAT(result.documentErrors, IsEmpty());
+    EXPECT_THAT(result.contentErrors, IsEmpty());
 }
 
 TEST_P(TestRoundTripBothWays, KeepsTheCopyOnTheScratchPageIfWritingFails)
@@ -438,31 +359,6 @@ TEST_F(TestRoundTripInMemory, TellsASeparationInfoThatWritingChanged)
     Fill(ContentOf(*document), std::move(path));
     EXPECT_THAT(LinesOf(TestRoundTripStructure(*document, AllOptions())),
                 ElementsAre("SeparationInfo: '[Gold (none)]' vs '[Silver (none)]'"));
-}
-
-TEST_F(TestRoundTripInMemory, LeavesTheTransferFunctionsOnTheScratchPage)
-{
-    const auto function =
-        OrvPaint::ExponentialFunction::Factory({OrvColor::Component(0.0f)}, {OrvColor::Component(1.0f)}, 2.0)
-            .Get();
-    const OrvDoc::TransferFunctionSet set(function, {});
-    auto document = NewDocument();
-    PageOf(*document).SetTransferFunctionSet(set);
-    EXPECT_THAT(LinesOf(TestRoundTripStructure(*document, AllOptions())), IsEmpty());
-    EXPECT_TRUE(ScratchContent().GetTransferFunctionSet() == boost::make_optional(set));
-
-    auto other = NewDocument();
-    EXPECT_THAT(LinesOf(TestRoundTripStructure(*other, AllOptions())), IsEmpty());
-    EXPECT_FALSE(ScratchContent().GetTransferFunctionSet());
-}
-
-TEST_F(TestRoundTripInMemory, ResolvesNormalizedLinks)
-{
-    auto document = NewDocument();
-    document->SetInfoFlag(OrvDoc::DocumentInfoFlagKey::NormalizedPDFLinks, true);
-    TestRoundTripStructure(*document, AllOptions());
-    // Without a link, none is left to be resolved.
-    EXPECT_FALSE(document->GetInfoFlag(OrvDoc::DocumentInfoFlagKey::NormalizedPDFLinks));
 }
 
 } // namespace
