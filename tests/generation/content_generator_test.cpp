@@ -325,8 +325,8 @@ TEST_F(ContentGeneratorTest, NamesTheObjectThatWasAddedLast)
 
 TEST_F(ContentGeneratorTest, NamesTheObjectThatWasAddedLastInTheOpenGroup)
 {
-    generator.Add(Square("p")).BeginGroup(NamedGroup("g")).Add(Square("q"));
-    EXPECT_EQ(generator.Current().GetName(), "q");
+    generator.Add(Square("p")).BeginGroup(NamedGroup("g")).Add(Square("q")).Add(Square("r"));
+    EXPECT_EQ(generator.Current().GetName(), "r");
 }
 
 TEST_F(ContentGeneratorTest, NamesTheGroupThatWasClosedLast)
@@ -337,7 +337,7 @@ TEST_F(ContentGeneratorTest, NamesTheGroupThatWasClosedLast)
 
 TEST_F(ContentGeneratorTest, NamesTheInnerGroupThatWasClosedLast)
 {
-    generator.BeginLayer("a").BeginGroup(NamedGroup("g")).EndGroup();
+    generator.BeginLayer("a").Add(Square("p")).BeginGroup(NamedGroup("g")).EndGroup();
     EXPECT_EQ(generator.Current().GetName(), "g");
     generator.EndLayer();
     EXPECT_EQ(generator.Current().GetName(), "a");

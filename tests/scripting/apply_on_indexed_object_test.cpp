@@ -1,6 +1,7 @@
 #include <harrow_support/rpn_parser.h>
 
 #include "support/document_makers.h"
+#include "support/paint_makers.h"
 
 #include <orv_doc/layer.h>
 #include <orv_doc/layers.h>
@@ -44,11 +45,12 @@ public:
     void Accept(OrvDoc::VisitorBase&) override { ADD_FAILURE() << "The root has been visited."; }
 };
 
-/// Keeps what the visitor answers to a plain object.
+/// Keeps what the visitor answers to an object, of which it sees that one alone.
+template <typename Object>
 class AskingVisitable : public OrvDoc::Visitable
 {
 public:
-    explicit AskingVisitable(OrvDoc::ContentObject& objectToVisit) : object(objectToVisit) {}
+    explicit AskingVisitable(Object& objectToVisit) : object(objectToVisit) {}
 
     void Accept(OrvDoc::ConstVisitorBase&) const override {}
     void Accept(OrvDoc::VisitorBase& visitor) override
@@ -60,7 +62,7 @@ public:
     bool answer = false;
 
 private:
-    OrvDoc::ContentObject& object;
+    Object& object;
 };
 
 /// Applies an action that must not be called for a path on a root that must not be visited.
@@ -283,6 +285,63 @@ TEST_F(ApplyOnIndexedObjectTest, FindsAWayThroughLayersTextGroupsAndGroups)
     EXPECT_THAT(Hits("1.2.2.1.2", *document), ElementsAre("d"));
 }
 
+TEST_F(ApplyOnIndexedObjectTest, FindsAWayThroughManyGroups)
+{
+    constexpr int depth = 1000;
+    std::unique_ptr<OrvDoc::Group> group = With(NamedGroup("g"), Square("a"), Square("b"));
+    std::string path = "1";
+    for (int level = 1; level < depth; ++level) {
+        group = With(NamedGroup("g"), Square("beside"), std::move(group));
+        path += level == 1 ? ".1" : ".2";
+    }
+    Fill(content, std::move(group));
+    EXPECT_THAT(Hits(path + ".2.2", *document), ElementsAre("b"));
+    EXPECT_THAT(Hits(path + ".2.3", *document), IsEmpty());
+}
+
+TEST_F(ApplyOnIndexedObjectTest, CountsAFormAsAPlainObjectWithNothingInside)
+{
+    const PaintPointer form =
+        FormOf(*document, Square("inside"), With(NamedGroup("g"), Square("deeper"))).Get();
+    Fill(content, Named(Filled(form), "form"), Square("a"));
+    EXPECT_THAT(Hits("1.1", *document), ElementsAre("form"));
+    EXPECT_THAT(Hits("1.2", *document), ElementsAre("a"));
+    EXPECT_THAT(Hits("1.3", *document), IsEmpty());
+    // Nothing is inside an object that is no group, so the path stops there as it does at any other.
+    EXPECT_THAT(Hits("1.1.1", *document), ElementsAre("form"));
+    EXPECT_THAT(Hits("1.1.2.1", *document), ElementsAre("form"));
+}
+
+TEST_F(ApplyOnIndexedObjectTest, CountsAFormInsideAGroup)
+{
+    const PaintPointer form = FormOf(*document, Square("inside"), Square("more")).Get();
+    Fill(content, With(NamedGroup("g"), Named(Filled(form), "form"), Square("a")), Square("b"));
+    EXPECT_THAT(Hits("1.1.1", *document), ElementsAre("form"));
+    EXPECT_THAT(Hits("1.1.2", *document), ElementsAre("a"));
+    EXPECT_THAT(Hits("1.2", *document), ElementsAre("b"));
+}
+
+TEST_F(ApplyOnIndexedObjectTest, CountsNothingInsideOfPatterns)
+{
+    const PaintPointer pattern = PatternOf(*document, Square("inside"), Square("more")).Get();
+    Fill(content, Named(Filled(pattern), "filled"), Named(Stroked(pattern), "stroked"), Square("a"));
+    EXPECT_THAT(Hits("1.1.1", *document), ElementsAre("filled"));
+    EXPECT_THAT(Hits("1.2.2", *document), ElementsAre("stroked"));
+    EXPECT_THAT(Hits("1.3", *document), ElementsAre("a"));
+}
+
+TEST_F(ApplyOnIndexedObjectTest, CountsNothingInsideOfSoftMasks)
+{
+    const MaskPointer mask = MaskOf(*document, Square("inside"), Square("more")).Get();
+    auto group = With(NamedGroup("g"), Square("a"), Square("b"));
+    group->SetTransparency(OrvBlend::Transparency::Factory().SetSoftMask(mask).Get());
+    Fill(content, Named(Masked(mask), "masked"), std::move(group), Square("c"));
+    EXPECT_THAT(Hits("1.1.1", *document), ElementsAre("masked"));
+    EXPECT_THAT(Hits("1.2.1", *document), ElementsAre("a"));
+    EXPECT_THAT(Hits("1.2.3", *document), IsEmpty());
+    EXPECT_THAT(Hits("1.3", *document), ElementsAre("c"));
+}
+
 TEST_F(ApplyOnIndexedObjectTest, HitsAGroupAndNoneOfItsChildren)
 {
     Fill(content, Square("a"), With(NamedGroup("g"), Square("b"), Square("c"), Square("d")));
@@ -394,6 +453,15 @@ TEST_F(ApplyOnIndexedObjectTest, TakesAContentForTheRoot)
     EXPECT_THAT(Hits("1.2", second), ElementsAre("page 2 group"));
 }
 
+TEST_F(ApplyOnIndexedObjectTest, TakesTheContentOfAFormForTheRoot)
+{
+    const ContentPointer inside = Drawing(*document, OrvDoc::Content::Type::FormContent, Square("a"),
+                                          With(NamedGroup("g"), Square("b"), Square("c")));
+    Fill(content, Filled(OrvPaint::FormPaint::Factory(inside).Get()));
+    EXPECT_THAT(Hits("1.1", *inside), ElementsAre("a"));
+    EXPECT_THAT(Hits("1.2.2", *inside), ElementsAre("c"));
+}
+
 TEST_F(ApplyOnIndexedObjectTest, TakesAGroupForTheRootWhichIsTheOnlyOneOfItsLevel)
 {
     OrvDoc::Group& group = Place(content, With(NamedGroup("g"), Square("a"), Square("b")));
@@ -411,12 +479,24 @@ TEST_F(ApplyOnIndexedObjectTest, TakesAPlainObjectForTheRoot)
 
 TEST_F(ApplyOnIndexedObjectTest, AsksForWhatMayBeBelowAPlainObject)
 {
-    AskingVisitable root(Place(content, Square("a")));
+    AskingVisitable<OrvDoc::ContentObject> root(Place(content, Square("a")));
     EXPECT_THAT(Hits("1.1", root), ElementsAre("a"));
     EXPECT_TRUE(root.answer);
     root.answer = false;
     EXPECT_THAT(Hits("1.2", root), IsEmpty());
     EXPECT_TRUE(root.answer);
+}
+
+TEST_F(ApplyOnIndexedObjectTest, AsksForWhatIsBelowAGroupOnTheWayAlone)
+{
+    AskingVisitable<OrvDoc::Group> root(Place(content, With(NamedGroup("g"), Square("a"))));
+    EXPECT_THAT(Hits("1.1.1", root), IsEmpty());
+    EXPECT_TRUE(root.answer);
+    EXPECT_THAT(Hits("1.1", root), ElementsAre("g"));
+    EXPECT_FALSE(root.answer);
+    root.answer = true;
+    EXPECT_THAT(Hits("1.2.1", root), IsEmpty());
+    EXPECT_FALSE(root.answer);
 }
 
 TEST_F(ApplyOnIndexedObjectTest, CallsAnEmptyActionAtTheFirstHitOnly)
