@@ -44,7 +44,7 @@ ColorSpace::Pointer SpaceOfComponents(std::size_t count)
 
 MaskDrawing::MaskDrawing(DocumentResources& givenDocument, QPDFObjectHandle givenStream,
                          QPDFObjectHandle around)
-    : stream(givenDocument, givenStream, "soft mask", around)
+    : document(givenDocument), stream(givenDocument, givenStream, "soft mask", around)
 {}
 
 std::shared_ptr<OrvDoc::Content> MaskDrawing::Get(std::string& problem)
@@ -52,10 +52,18 @@ std::shared_ptr<OrvDoc::Content> MaskDrawing::Get(std::string& problem)
     if (content || !stream.MayRead(problem))
         return content;
     NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::SoftMaskContent, nullptr);
+    if (HasLayer())
+        reading.errors.Add("OC is left out: the drawing of a soft mask belongs to no layer");
     reading.content->SetSource(stream.MakeSource(reading));
     told = stream.Tell(reading);
     content = reading.content;
     return content;
+}
+
+bool MaskDrawing::HasLayer() const
+{
+    const SourceFile::Access access(document.GetFile());
+    return !GetEntry(stream.GetStream(), "/OC").isNull();
 }
 
 PdfMask::PdfMask(DocumentResources& givenDocument, QPDFObjectHandle givenDictionary,

@@ -25,6 +25,10 @@ public:
     const std::shared_ptr<const NestedReading>& GetTold() const { return told; }
 
 private:
+    /// Whether the drawing names a layer, which shows or hides it as a whole.
+    bool HasLayer() const;
+
+    DocumentResources& document;
     NestedStream stream;
     std::shared_ptr<OrvDoc::Content> content;
     std::shared_ptr<const NestedReading> told;

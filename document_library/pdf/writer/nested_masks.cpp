@@ -87,7 +87,7 @@ QPDFObjectHandle NestedWriter::MakeMaskForm(const SoftMask& mask, const Matrix& 
 {
     QPDFObjectHandle form = AddContent(mask.GetSharedContent());
     QPDFObjectHandle dictionary = form.getDict();
-    for (const char* const key : {"/BBox", "/Matrix", "/OC", Tags::sameFormKey, Tags::groupFormKey}) {
+    for (const char* const key : {"/BBox", "/Matrix", Tags::sameFormKey, Tags::groupFormKey}) {
         dictionary.removeKey(key);
     }
     // Another form of the drawing, or what stays in the file as it is, has the same content.

@@ -1,5 +1,8 @@
 #include "pdf/writer/nested_writer.h"
 
+#include <set>
+#include <string>
+
 #include <qpdf/QPDF.hh>
 
 #include <orv_blend/soft_mask.h>
@@ -28,6 +31,21 @@ const char* GetKind(OrvDoc::Content::Type type)
         return ", pattern ";
     default:
         return ", form ";
+    }
+}
+
+/// Takes over what a stream of the file says beside its data: such as metadata, which have no place in the
+/// model. What follows from the new data, or from the model, is left to whoever writes that.
+void TakeEntriesOver(QPDFObjectHandle original, QPDFObjectHandle stream)
+{
+    static const std::set<std::string> ownEntries{"/Length", "/Filter",    "/DecodeParms",
+                                                  "/F",      "/FFilter",   "/FDecodeParms",
+                                                  "/DL",     "/Resources", "/Group"};
+    QPDFObjectHandle entries = original.getDict();
+    for (const std::string& key : entries.getKeys()) {
+        if (ownEntries.count(key) == 0 && key.rfind("/Orv", 0) != 0) {
+            stream.getDict().replaceKey(key, entries.getKey(key));
+        }
     }
 }
 
@@ -63,6 +81,11 @@ QPDFObjectHandle NestedWriter::AddContent(const std::shared_ptr<const OrvDoc::Co
     Task task;
     task.content = content;
     task.stream = QPDFObjectHandle::newStream(&maker.GetFile());
+    const NestedSource* const source = FindSource(*content);
+    original = source ? maker.FindSourceObject(source->object) : original;
+    if (original.isStream()) {
+        TakeEntriesOver(original, task.stream);
+    }
     tasks.push_back(task);
     return task.stream;
 }

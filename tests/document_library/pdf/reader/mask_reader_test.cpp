@@ -2,6 +2,9 @@
 
 #include "pdf/reader/mask_reader.h"
 
+#include <stdexcept>
+#include <string>
+
 #include <gmock/gmock.h>
 
 #include <orv_color/color_space.h>
@@ -56,6 +59,35 @@ std::vector<std::string> ErrorsWith(const std::string& mask, const std::string& 
     EXPECT_FALSE(MaskOf(PathOfPage(*document))) << mask;
     return ErrorsOfPage(*document);
 }
+
+/// A document as it is saved, and the objects of its file.
+class SavedFile
+{
+public:
+    explicit SavedFile(OrvDoc::Document& document)
+    {
+        const std::string name = folder.NameOf("saved.pdf");
+        document.Save(name, OrvDoc::WriteOptions(OrvDoc::WriteOptions::Flavour::Full));
+        file.processFile(name.c_str());
+    }
+
+    /// The form of the luminosity mask that its page names.
+    QPDFObjectHandle FindMaskForm()
+    {
+        QPDFObjectHandle page = file.getAllPages().at(0);
+        QPDFObjectHandle states = page.getKey("/Resources").getKey("/ExtGState");
+        for (const std::string& name : states.getKeys()) {
+            QPDFObjectHandle mask = states.getKey(name).getKey("/SMask");
+            if (mask.isDictionary() && mask.getKey("/S").isNameAndEquals("/Luminosity"))
+                return mask.getKey("/G");
+        }
+        throw std::logic_error("No graphics state has a luminosity mask.");
+    }
+
+private:
+    HarrowSupport::Testing::TemporaryFolder folder;
+    QPDF file;
+};
 
 TEST(MaskReader, TellsAlphaFromLuminosity)
 {
@@ -208,20 +240,36 @@ TEST(MaskReader, KeepsTextInADrawingWhenThePageIsWrittenAnew)
     const auto document = PageWith("<< /S /Luminosity /G 6 0 R >>",
                                    Group("", "/CS /DeviceRGB", "BT /T 9 Tf (kept) Tj ET " + square));
     ContentOfPage(*document).MarkChanged();
-    const HarrowSupport::Testing::TemporaryFolder folder;
-    const std::string name = folder.NameOf("saved.pdf");
-    document->Save(name, OrvDoc::WriteOptions(OrvDoc::WriteOptions::Flavour::Full));
-    QPDF file;
-    file.processFile(name.c_str());
-    bool isKept = false;
-    for (QPDFObjectHandle object : file.getAllObjects()) {
-        if (object.isDictionary() && object.getKey("/S").isNameAndEquals("/Luminosity")) {
-            const auto data = object.getKey("/G").getStreamData();
-            const std::string bytes(reinterpret_cast<const char*>(data->getBuffer()), data->getSize());
-            isKept = isKept || bytes.find("(kept) Tj") != std::string::npos;
-        }
-    }
-    EXPECT_TRUE(isKept);
+    SavedFile saved(*document);
+    const auto data = saved.FindMaskForm().getStreamData();
+    const std::string bytes(reinterpret_cast<const char*>(data->getBuffer()), data->getSize());
+    EXPECT_THAT(bytes, HasSubstr("(kept) Tj"));
+}
+
+TEST(MaskReader, TellsALayerOfTheDrawing)
+{
+    const auto document = PageWith("<< /S /Luminosity /G 6 0 R >>", Group("/OC << /Type /OCG /Name (a) >>"));
+    EXPECT_TRUE(MaskOf(PathOfPage(*document)));
+    EXPECT_THAT(ErrorsOfPage(*document),
+                ElementsAre(AllOf(HasSubstr("soft mask 6 0"), HasSubstr("OC is left out"))));
+}
+
+TEST(MaskReader, KeepsALayerOfTheDrawingWhenThePageIsWrittenAnew)
+{
+    const auto document = PageWith("<< /S /Luminosity /G 6 0 R >>", Group("/OC << /Type /OCG /Name (a) >>"));
+    ContentOfPage(*document).MarkChanged();
+    SavedFile saved(*document);
+    EXPECT_TRUE(saved.FindMaskForm().getDict().getKey("/OC").isDictionary());
+}
+
+TEST(MaskReader, KeepsALayerOfADrawingThatIsChanged)
+{
+    const auto document = PageWith("<< /S /Luminosity /G 6 0 R >>", Group("/OC << /Type /OCG /Name (a) >>"));
+    const auto mask = MaskOf(PathOfPage(*document));
+    const_cast<OrvDoc::Content&>(mask->GetContent()).MarkChanged();
+    ContentOfPage(*document).MarkChanged();
+    SavedFile saved(*document);
+    EXPECT_TRUE(saved.FindMaskForm().getDict().getKey("/OC").isDictionary());
 }
 
 TEST(MaskReader, ComesBackEquallyWithAMaskThatIsDrawnThroughItself)

@@ -86,6 +86,21 @@ TEST_F(NestedWriter, AFormThatTakesAColourFromAroundIsWrittenWithIt)
     EXPECT_THAT(DataOf(file.SavedForms()[0]), HasSubstr("1 0 0 rg"));
 }
 
+TEST_F(NestedWriter, AFormThatIsWrittenAnewKeepsWhatHasNoPlaceInTheModel)
+{
+    file.Read(
+        {"1 0 0 rg /F0 Do 0 1 0 rg /F0 Do"},
+        {FormObject(square, "/PieceInfo << /Mine << >> >> /OPI << >> /Filter [] /OrvBase [1 0 0 1 5 5]")});
+    file.Reopen();
+    ASSERT_THAT(file.SavedForms(), SizeIs(2));
+    for (QPDFObjectHandle form : file.SavedForms()) {
+        EXPECT_TRUE(form.getDict().hasKey("/PieceInfo"));
+        EXPECT_TRUE(form.getDict().hasKey("/OPI"));
+        EXPECT_FALSE(form.getDict().hasKey("/OrvBase"));
+        EXPECT_THAT(DataOf(form), HasSubstr(" rg"));
+    }
+}
+
 TEST_F(NestedWriter, AChangedFormIsWrittenInThePlaceOfTheOldOne)
 {
     file.Read({"/F0 Do", "/F0 Do"}, {FormObject("1 0 0 rg " + square, "/PieceInfo << /Mine << >> >>")});
