@@ -223,6 +223,36 @@ TEST_F(Forms, TheLowestLeftIdOfARightOneDecides)
                 ElementsAre("FormUniqueIDReuse: '0' vs '1'", "FormUniqueIDReuse: '0' vs '1'"));
 }
 
+TEST_F(Forms, IdsOfAFormAreMetBeforeThoseOfTheFormsInIt)
+{
+    const auto nested = [](OrvDoc::Document& document, const std::string& name, const std::string& outerId,
+                           const std::string& innerId) {
+        const PaintPointer inner = AForm(document).SetScope(Scope::File).SetUniqueID(innerId).Get();
+        return Named(Filled(FormOf(document, Filled(inner)).SetScope(Scope::File).SetUniqueID(outerId).Get()),
+                     name);
+    };
+    Fill(ContentOf(*left), nested(*left, "a", "id", "id"));
+    Fill(ContentOf(*right), nested(*right, "b", "x", "y"));
+    // The difference stands with the object inside, which is reported before the one that holds it.
+    EXPECT_THAT(CompareLines(*left, *right),
+                ElementsAre("FormUniqueIDReuse: '1' vs '0'", "ObjectName: 'a' vs 'b'"));
+}
+
+TEST_F(Forms, AnIdOfAnotherScopeJoinsNoMap)
+{
+    UseIds(Scope::Global, "a", "a");
+    UseIds(Scope::File, "a", "x");
+    UseIds(Scope::File, "b", "a");
+    Expect({});
+}
+
+TEST_F(Forms, IdsOfAllNarrowScopesArePairedTogether)
+{
+    UseIds(Scope::Record, "a", "x");
+    UseIds(Scope::Stream, "a", "y");
+    EXPECT_THAT(CompareLines(*left, *right), ElementsAre("FormUniqueIDReuse: '1' vs '0'"));
+}
+
 TEST_F(Forms, TheMapHoldsTheFirstRightIdOfEachLeftOne)
 {
     RecordingReporter reporter;

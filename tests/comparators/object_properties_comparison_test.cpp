@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <sstream>
 
 namespace HarrowSupport::Testing
 {
@@ -50,6 +51,13 @@ std::unique_ptr<OrvDoc::Path> WithHalftone(const std::string& name,
     auto path = Square();
     path->SetHalftoneSet(std::make_shared<OrvDoc::HalftoneSet>(name, std::move(definition)));
     return path;
+}
+
+std::string Print(const OrvDoc::HalftoneSet& set)
+{
+    std::ostringstream stream;
+    stream << set;
+    return stream.str();
 }
 
 void ExpectObjectReports(const OrvDoc::ContentObject& left, const OrvDoc::ContentObject& right,
@@ -207,8 +215,9 @@ TEST(Position, AShiftByAHundredthMilliPointIsSeen)
 
 TEST(Position, AShiftByLessThanAHundredthMilliPointIsNotSeen)
 {
-    ExpectObjectReports(*Degenerate(0.0), *Degenerate(0.0099999), {});
-    ExpectObjectReports(*Degenerate(0.0), *Degenerate(-0.0099999), {});
+    const double below = std::nextafter(0.01, 0.0);
+    ExpectObjectReports(*Degenerate(0.0), *Degenerate(below), {});
+    ExpectObjectReports(*Degenerate(0.0), *Degenerate(-below), {});
     ExpectObjectReports(*At(1000.0, 2000.0), *At(1000.009, 2000.0), {});
     EXPECT_THAT(Labels(*At(1000.0, 2000.0), *At(1000.011, 2000.0)),
                 ElementsAre("ObjectAbsoluteTransformation"));
@@ -234,6 +243,19 @@ TEST(Position, IsThatOnThePage)
     const OrvDoc::Path& inside = Place(Place(ContentOf(*document), Moved(UserGroup(), 500.0, 0.0)), Square());
     EXPECT_THAT(Labels(*Moved(Square(), 500.0, 0.0), inside), IsEmpty());
     EXPECT_THAT(Labels(*Square(), inside), ElementsAre("ObjectAbsoluteTransformation"));
+}
+
+TEST(Properties, OfAnyObjectComeInTheirOrder)
+{
+    auto left = Moved(Blended(WithHalftone("Round")), 500.0, 0.0);
+    left->SetName("a");
+    auto right = Clip("b");
+    ExpectObjectReports(*left, *right,
+                        {Difference("ObjectHasTransparency", "1", "0"),
+                         Difference("ObjectIsClipping", "0", "1"),
+                         Difference("ObjectAbsoluteTransformation", "[A: 1, B: 0, C: 0, D: 1, X: 500, Y: 0]",
+                                    "[A: 1, B: 0, C: 0, D: 1, X: 0, Y: 0]"),
+                         Difference("ObjectName", "a", "b"), Difference("ObjectHalftoneSet", "1", "0")});
 }
 
 TEST(ClippingRole, IsCompared)
@@ -262,8 +284,12 @@ TEST(Halftone, EqualSetsAreEqual)
 
 TEST(Halftone, TheNameIsReportedOnItsOwnAndBeforeTheSet)
 {
-    EXPECT_THAT(Labels(*WithHalftone("Round"), *WithHalftone("Line")),
-                ElementsAre("HalftoneSetName", "HalftoneSet"));
+    const auto left = WithHalftone("Round");
+    const auto right = WithHalftone("Line");
+    ExpectObjectReports(
+        *left, *right,
+        {Difference("HalftoneSetName", "Round", "Line"),
+         Difference("HalftoneSet", Print(*left->GetHalftoneSet()), Print(*right->GetHalftoneSet()))});
 }
 
 TEST(Halftone, ADefinitionAloneIsReportedAsTheSet)

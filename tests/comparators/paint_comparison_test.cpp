@@ -21,12 +21,19 @@ using ::testing::IsEmpty;
 namespace
 {
 
-/// A paint of any kind that uses the given separations.
+/// A paint of any kind, in one separation.
 class BarePaint : public OrvPaint::Paint
 {
 public:
-    explicit BarePaint(Type givenType) : Paint(givenType) {}
-    OrvColor::ColorList<OrvColor::ColorantPolicy> GetColorants() const override { return {}; }
+    explicit BarePaint(Type givenType, const std::string& separation = "Spot") : Paint(givenType)
+    {
+        colorants.entries.emplace_back();
+        colorants.entries.back().name = separation;
+    }
+    OrvColor::ColorList<OrvColor::ColorantPolicy> GetColorants() const override { return colorants; }
+
+private:
+    OrvColor::ColorList<OrvColor::ColorantPolicy> colorants;
 };
 
 std::string Print(OrvPaint::Paint::Type type)
@@ -89,6 +96,27 @@ TEST(ComparePaint, TintsOfRegistrationColorAreCompared)
                        {Difference("PaintColor", "(All @ 50%)", "(All @ 100%)")});
 }
 
+TEST(ComparePaint, OverprintOfRegistrationColorCounts)
+{
+    ExpectPaintReports(Flat(AllSeparations(0.5f, true)), Flat(AllSeparations(0.5f)),
+                       {Difference("PaintColorSpace", "(All) Overprint", "(All)"),
+                        Difference("PaintColor", "(All @ 50%) Overprint", "(All @ 50%)")});
+}
+
+TEST(ComparePaint, NamesBesideRegistrationColorDoNotCount)
+{
+    Color named = AllSeparations(0.5f);
+    named.entries = Tints({{"Cyan", 0.5f}}).entries;
+    ExpectPaintReports(Flat(named), Flat(AllSeparations(0.5f)), {});
+}
+
+TEST(ComparePaint, TheNumberOfSeparationsCounts)
+{
+    ExpectPaintReports(Flat(Tints({{"a", 0.5f}, {"b", 0.5f}})), Flat(Tints({{"a", 0.5f}})),
+                       {Difference("PaintColorSpace", "(a, b)", "(a)"),
+                        Difference("PaintColor", "(a @ 50%, b @ 50%)", "(a @ 50%)")});
+}
+
 TEST(ComparePaint, OfAnotherKindHasNothingElseToCompare)
 {
     using Type = OrvPaint::Paint::Type;
@@ -98,8 +126,11 @@ TEST(ComparePaint, OfAnotherKindHasNothingElseToCompare)
 
 TEST(ComparePaint, AKindWithoutANumberOfItsOwnIsNotCompared)
 {
-    ExpectPaintReports(std::make_shared<BarePaint>(static_cast<OrvPaint::Paint::Type>(9)),
-                       std::make_shared<BarePaint>(static_cast<OrvPaint::Paint::Type>(9)), {});
+    for (const std::uint32_t number : {0u, 7u, 9u}) {
+        const auto kind = static_cast<OrvPaint::Paint::Type>(number);
+        ExpectPaintReports(std::make_shared<BarePaint>(kind, "a"), std::make_shared<BarePaint>(kind, "b"),
+                           {});
+    }
 }
 
 TEST(ComparePaint, ANameThatOccursTwiceIsFoundTwice)

@@ -149,6 +149,17 @@ TEST(CompareShadings, EachEdgeOfTheBoxCountsInMilliPoints)
     }
 }
 
+TEST(CompareShadings, EdgesOfTheBoxCountAndNotItsExtent)
+{
+    // A milli-point further at either end makes two of width and height.
+    ExpectPaintReports(BoxedAxial(PdfBox(1.0, 1.0, 1.0, 1.0)), BoxedAxial(PdfBox(0.999, 0.999, 1.002, 1.002)),
+                       {});
+    EXPECT_THAT(Labels(BoxedAxial(PdfBox(1.0, 1.0, 1.0, 1.0)), BoxedAxial(PdfBox(1.001, 1.0, 1.001, 1.0))),
+                ElementsAre("ShadingPaintBoundingBox"));
+    EXPECT_THAT(Labels(BoxedAxial(PdfBox(1.0, 1.0, 1.0, 1.0)), BoxedAxial(PdfBox(1.0, 1.001, 1.0, 1.001))),
+                ElementsAre("ShadingPaintBoundingBox"));
+}
+
 TEST(CompareShadings, BoxesAreShownInPoints)
 {
     ExpectPaintReports(BoxedAxial(PdfBox(1.0, 2.0, 10.0, 20.0)), BoxedAxial(PdfBox(1.0, 2.0, 10.0, 21.0)),

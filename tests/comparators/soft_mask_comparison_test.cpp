@@ -282,6 +282,9 @@ TEST(SoftMaskTransformations, OfASingularMatrixHaveToBeExactlyEqual)
     ExpectSame(singular, Matrix(1e17, 0.0, 0.0, 1e-7, 0.0, 0.0), false);
     ExpectSame(singular, singular, true);
     ExpectSame(singular, Matrix(1e17, 0.0, 0.0, 0.0, 20.0, 0.0), true);
+    const Matrix sheared(1.0, 1.0, 1.0, 1.0, 0.0, 0.0);
+    ExpectSame(sheared, sheared, true);
+    ExpectSame(sheared, Matrix(1.0, 1.0, 1.0, std::nextafter(1.0, 0.0), 0.0, 0.0), false);
 }
 
 TEST(SoftMaskTransformations, MayBeMovedByLessThanTheToleranceOfCoordinates)
