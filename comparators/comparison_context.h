@@ -7,6 +7,7 @@
 
 #include <harrow_support/comparators.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -18,6 +19,11 @@
 namespace OrvBlend
 {
 class SoftMask;
+}
+
+namespace OrvDoc
+{
+class Content;
 }
 
 namespace OrvImg
@@ -34,6 +40,15 @@ class PatternPaint;
 
 namespace HarrowSupport::Comparators
 {
+
+/// A pair of contents that is being compared.
+struct OpenWalk
+{
+    const OrvDoc::Content* left;
+    const OrvDoc::Content* right;
+    /// How many members of the reuse lists were known when the walk began.
+    std::size_t knownMembers;
+};
 
 /// The state of one call of Compare, passed by reference to all comparison code and gone when the call ends.
 ///
@@ -74,8 +89,8 @@ struct ComparisonContext
     ObjectClasses objectClasses;
     /// Flat paints found alike. It only saves comparisons whose outcome is known.
     EqualPaintMemo equalFlatPaints;
-    /// Pairs of soft masks that were compared without a word, or are being compared. It only saves
-    /// comparisons whose outcome is known, and ends the walk of a mask that holds itself.
+    /// Pairs of soft masks that were compared without a word. It only saves comparisons whose outcome is
+    /// known.
     std::set<std::pair<std::shared_ptr<const OrvBlend::SoftMask>, std::shared_ptr<const OrvBlend::SoftMask>>>
         settledSoftMasks;
     /// Where the lists of visited paints and contents have what. They only save scans.
@@ -85,6 +100,8 @@ struct ComparisonContext
     /// For each right unique ID in formUniqueIds, the lowest left one that it belongs to. It only saves a
     /// scan.
     std::map<std::string, std::string> lowestLeftIds;
+    /// The contents that the walk is inside, outermost first. It only ends a walk that would never end.
+    std::vector<OpenWalk> openWalks;
 };
 
 } // namespace HarrowSupport::Comparators

@@ -16,6 +16,8 @@
 #include <orv_doc/group.h>
 #include <orv_doc/transfer_function_set.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -80,10 +82,32 @@ void CompareUserCreated(const OrvDoc::Group& left, const OrvDoc::Group& right, O
         scope.AddValues("GroupIsUserCreated", leftUserCreated, rightUserCreated);
 }
 
+std::size_t CountKnownMembers(const ComparisonContext& context)
+{
+    return context.patternIndex.GetMemberCount() + context.patternContentIndex.GetMemberCount() +
+           context.formIndex.GetMemberCount();
+}
+
+/// Whether the walk is inside these contents already and would come here again and again. Most contents that
+/// hold themselves end by the reuse rule, but not those of soft masks, nor those whose paints were met with
+/// others before. As long as a paint is met for the first time on the way round, one more round may find all
+/// of them known; if none is, all rounds are alike.
+bool GoesRoundForever(const ComparisonContext& context, const OrvDoc::Content& left,
+                      const OrvDoc::Content& right)
+{
+    const auto innermost =
+        std::find_if(context.openWalks.rbegin(), context.openWalks.rend(),
+                     [&](const OpenWalk& walk) { return walk.left == &left && walk.right == &right; });
+    return innermost != context.openWalks.rend() && innermost->knownMembers == CountKnownMembers(context);
+}
+
 } // namespace
 
 bool CompareContents(ComparisonContext& context, const OrvDoc::Content& left, const OrvDoc::Content& right)
 {
+    if (GoesRoundForever(context, left, right))
+        return true;
+    context.openWalks.push_back({&left, &right, CountKnownMembers(context)});
     DifferenceScope<OrvDoc::Content> scope(left, right);
     if (left.GetType() != right.GetType())
         scope.AddValues("ContentType", left.GetType(), right.GetType());
@@ -95,6 +119,7 @@ bool CompareContents(ComparisonContext& context, const OrvDoc::Content& left, co
     }
     const bool completed = CompareChildLists(context, left.GetChildren(), right.GetChildren());
     scope.Flush(context.reporter);
+    context.openWalks.pop_back();
     return completed;
 }
 

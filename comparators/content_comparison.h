@@ -16,7 +16,8 @@ namespace HarrowSupport::Comparators
 struct ComparisonContext;
 
 /// Compares two contents with all their objects, and reports the header of the contents after the objects.
-/// Returns false if the walk ended at a pair that it could not compare.
+/// Returns false if the walk ended at a pair that it could not compare. Contents that hold themselves end
+/// where one more round would find nothing new.
 bool CompareContents(ComparisonContext& context, const OrvDoc::Content& left, const OrvDoc::Content& right);
 
 /// Compares two child lists and those of all groups below them, pair by pair, strictly by position. Returns

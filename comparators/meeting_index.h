@@ -26,13 +26,23 @@ public:
     std::size_t FindOldest(const std::vector<std::pair<Member, Member>>& list, Key left, Key right,
                            KeyOf keyOf)
     {
+        TakeUp(list, keyOf);
+        return std::min(Find(firstWithLeft, left), Find(firstWithRight, right));
+    }
+
+    /// Takes up the entries that are new.
+    template <typename Member, typename KeyOf>
+    void TakeUp(const std::vector<std::pair<Member, Member>>& list, KeyOf keyOf)
+    {
         for (; known < list.size(); ++known) {
             // An entry keeps its place where the key is there already, so the oldest one stands.
             firstWithLeft.emplace(keyOf(list[known].first), known);
             firstWithRight.emplace(keyOf(list[known].second), known);
         }
-        return std::min(Find(firstWithLeft, left), Find(firstWithRight, right));
     }
+
+    /// How many members of both sides are known. As long as that stays the same, the answers do too.
+    std::size_t GetMemberCount() const { return firstWithLeft.size() + firstWithRight.size(); }
 
 private:
     using Positions = std::unordered_map<Key, std::size_t>;

@@ -58,16 +58,15 @@ const OrvBlend::Transparency* EffectiveTransparency(const OrvDoc::ContentObject&
 void CompareSoftMasks(ComparisonContext& context, const SoftMaskPointer& left, const SoftMaskPointer& right,
                       ObjectScope& scope)
 {
-    const auto [settled, isNew] = context.settledSoftMasks.emplace(left, right);
-    if (!isNew)
+    if (context.settledSoftMasks.count({left, right}) != 0)
         return;
     const std::uint64_t reportsBefore = context.reporter.GetCount();
     const std::size_t differencesBefore = scope.differences.size();
     CompareSoftMask(context, *left, *right, scope);
     const bool silent = context.reporter.GetCount() == reportsBefore &&
                         scope.differences.size() == differencesBefore && context.options.dumpLevel == 0;
-    if (!silent)
-        context.settledSoftMasks.erase(settled);
+    if (silent)
+        context.settledSoftMasks.emplace(left, right);
 }
 
 void CompareTransparencies(ComparisonContext& context, const OrvBlend::Transparency& left,

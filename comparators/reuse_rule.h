@@ -39,8 +39,8 @@ bool WasMetBefore(std::vector<std::pair<Member, Member>>& list, MeetingIndex<Key
 {
     const Key leftKey = ReuseKey(left);
     const Key rightKey = ReuseKey(right);
-    const std::size_t oldest =
-        index.FindOldest(list, leftKey, rightKey, [](const Member& member) { return Key(ReuseKey(member)); });
+    const auto keyOf = [](const Member& member) { return Key(ReuseKey(member)); };
+    const std::size_t oldest = index.FindOldest(list, leftKey, rightKey, keyOf);
     if (oldest != MeetingIndex<Key>::none) {
         const bool leftMatches = ReuseKey(list[oldest].first) == leftKey;
         const bool rightMatches = ReuseKey(list[oldest].second) == rightKey;
@@ -49,6 +49,7 @@ bool WasMetBefore(std::vector<std::pair<Member, Member>>& list, MeetingIndex<Key
         scope.AddValues(label, leftMatches, rightMatches);
     }
     list.emplace_back(left, right);
+    index.TakeUp(list, keyOf);
     return false;
 }
 

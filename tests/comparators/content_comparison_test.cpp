@@ -2,7 +2,7 @@
 
 #include "comparators/comparison_context.h"
 #include "foreign_objects.h"
-#include "support/document_makers.h"
+#include "support/paint_makers.h"
 #include "support/recording_reporter.h"
 
 #include <orv_blend/transparency.h>
@@ -431,6 +431,19 @@ TEST_F(ContentPair, AMismatchInsideGroupsIsDumpedOnce)
     const LogCapture log;
     CompareLines<OrvDoc::Content>(Left(), Right(), Dumping());
     EXPECT_EQ(log.Text(), expected);
+}
+
+TEST_F(ContentPair, ADumpInASoftMaskIsMadeForEachObjectThatUsesIt)
+{
+    const MaskPointer left = MaskOf(*leftDocument, std::make_unique<UnknownObject>()).Get();
+    const MaskPointer right = MaskOf(*rightDocument, std::make_unique<UnknownObject>()).Get();
+    Fill(Left(), Masked(left), Masked(left));
+    Fill(Right(), Masked(right), Masked(right));
+    const std::string once =
+        DumpOf(*left->GetContent().GetChildren().first) + DumpOf(*right->GetContent().GetChildren().first);
+    const LogCapture log;
+    EXPECT_THAT(CompareLines<OrvDoc::Content>(Left(), Right(), Dumping()), IsEmpty());
+    EXPECT_EQ(log.Text(), once + once);
 }
 
 TEST_F(ContentPair, OtherDifferencesAreNotDumped)

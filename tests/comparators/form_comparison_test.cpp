@@ -67,6 +67,21 @@ protected:
     const std::unique_ptr<OrvDoc::Document> right = NewDocument();
 };
 
+/// A form of a square and a path that is filled with the form itself.
+struct EndlessForm
+{
+    EndlessForm(OrvDoc::Document& document, const std::string& name)
+        : paint(AForm(document, name).Get()), user(Place(paint->GetContent(), Filled(paint)))
+    {}
+    // The circle of owners has to be opened, or nothing frees it.
+    ~EndlessForm() { user.SetFillPaint(nullptr); }
+    EndlessForm(const EndlessForm&) = delete;
+    EndlessForm& operator=(const EndlessForm&) = delete;
+
+    const std::shared_ptr<const OrvPaint::FormPaint> paint;
+    OrvDoc::Path& user;
+};
+
 } // namespace
 
 TEST_F(Forms, EqualOnesGiveNoReport)
@@ -346,18 +361,26 @@ TEST_F(Forms, FormsArePatternsToNoOne)
 
 TEST_F(Forms, OneThatHoldsItselfEnds)
 {
-    const auto endless = [](OrvDoc::Document& document, const std::string& name) {
-        const auto form = AForm(document, name).Get();
-        OrvDoc::Path& user = Place(form->GetContent(), Filled(form));
-        return std::pair<PaintPointer, OrvDoc::Path*>(form, &user);
-    };
-    const auto [leftForm, leftUser] = endless(*left, "a");
-    const auto [rightForm, rightUser] = endless(*right, "b");
-    Use(leftForm, rightForm);
+    const EndlessForm leftForm(*left, "a");
+    const EndlessForm rightForm(*right, "b");
+    Use(leftForm.paint, rightForm.paint);
     Expect({Difference("ObjectName", "a", "b")});
-    // The circle of owners has to be opened, or nothing frees it.
-    leftUser->SetFillPaint(nullptr);
-    rightUser->SetFillPaint(nullptr);
+}
+
+TEST_F(Forms, OneThatHoldsItselfEndsAlsoWithAnotherPartner)
+{
+    const EndlessForm leftForm(*left, "a");
+    const EndlessForm rightForm(*right, "b");
+    Use(leftForm.paint, Right("a").Get());
+    Use(leftForm.paint, rightForm.paint);
+    // Its first partner holds one object only. Inside the second one it meets that again, which is told
+    // again.
+    EXPECT_THAT(CompareLines(*left, *right),
+                ElementsAre("ObjectRemoved: OrvDoc::Path", "ObjectName: 'a' vs 'b'", "FormReuse: '1' vs '0'",
+                            "FormReuse: '1' vs '0'"));
+    EXPECT_THAT(CompareLines(*right, *left),
+                ElementsAre("ObjectAdded: OrvDoc::Path", "ObjectName: 'b' vs 'a'", "FormReuse: '0' vs '1'",
+                            "FormReuse: '0' vs '1'"));
 }
 
 TEST_F(Forms, NestDeeply)

@@ -250,6 +250,24 @@ TEST_F(SoftMasks, OneThatHoldsItselfEnds)
     rightUser->SetTransparency(nullptr);
 }
 
+TEST_F(SoftMasks, OneThatIsUsedInAFormInsideItIsToldThereToo)
+{
+    const auto other = NewDocument();
+    const auto round = [](OrvDoc::Document& owner, bool isAlpha) {
+        const auto form = AForm(owner).Get();
+        const MaskPointer mask = MaskOf(owner, Filled(form)).SetAlpha(isAlpha).Get();
+        OrvDoc::Path& user = Place(form->GetContent(), Masked(mask));
+        Fill(ContentOf(owner), Masked(mask));
+        return &user;
+    };
+    OrvDoc::Path* const leftUser = round(*document, true);
+    OrvDoc::Path* const rightUser = round(*other, false);
+    ExpectReports(*document, *other,
+                  {Difference("SoftMaskAlpha", "1", "0"), Difference("SoftMaskAlpha", "1", "0")});
+    leftUser->SetTransparency(nullptr);
+    rightUser->SetTransparency(nullptr);
+}
+
 TEST(SoftMaskTransformations, MayDifferByTheirShareOfTheDeterminant)
 {
     ExpectSame(Matrix(), Matrix(1.0, 1e-16, 0.0, 1.0, 0.0, 0.0), true);
