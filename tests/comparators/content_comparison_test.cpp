@@ -10,6 +10,7 @@
 #include <orv_doc/halftone_set.h>
 #include <orv_doc/layer.h>
 #include <orv_doc/text.h>
+#include <orv_doc/visitor.h>
 #include <orv_paint/exponential_function.h>
 
 #include <gmock/gmock.h>
@@ -85,6 +86,17 @@ Comparators::Options Dumping()
     options.dumpLevel = 7;
     return options;
 }
+
+/// Ends a walk without a report, and can be seen in a dump.
+class VisibleUnknownObject : public UnknownObject
+{
+public:
+    using UnknownObject::Accept;
+    void Accept(OrvDoc::ConstVisitorBase& visitor) const override
+    {
+        visitor.Visit(static_cast<const OrvDoc::ContentObject&>(*this));
+    }
+};
 
 std::unique_ptr<OrvDoc::Group> Translucent(std::unique_ptr<OrvDoc::Group> group)
 {
@@ -435,12 +447,13 @@ TEST_F(ContentPair, AMismatchInsideGroupsIsDumpedOnce)
 
 TEST_F(ContentPair, ADumpInASoftMaskIsMadeForEachObjectThatUsesIt)
 {
-    const MaskPointer left = MaskOf(*leftDocument, std::make_unique<UnknownObject>()).Get();
-    const MaskPointer right = MaskOf(*rightDocument, std::make_unique<UnknownObject>()).Get();
+    const MaskPointer left = MaskOf(*leftDocument, std::make_unique<VisibleUnknownObject>()).Get();
+    const MaskPointer right = MaskOf(*rightDocument, std::make_unique<VisibleUnknownObject>()).Get();
     Fill(Left(), Masked(left), Masked(left));
     Fill(Right(), Masked(right), Masked(right));
     const std::string once =
         DumpOf(*left->GetContent().GetChildren().first) + DumpOf(*right->GetContent().GetChildren().first);
+    ASSERT_NE(once, "");
     const LogCapture log;
     EXPECT_THAT(CompareLines<OrvDoc::Content>(Left(), Right(), Dumping()), IsEmpty());
     EXPECT_EQ(log.Text(), once + once);

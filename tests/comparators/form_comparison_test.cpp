@@ -234,8 +234,10 @@ TEST_F(Forms, TheLowestLeftIdOfARightOneDecides)
     UseIds(Scope::File, "a", "x"); // told, and joins the map
     UseIds(Scope::File, "a", "x"); // a is the lowest of those that have x
     UseIds(Scope::File, "b", "x"); // and b is not any more
+    UseIds(Scope::File, "b", "x");
     EXPECT_THAT(CompareLines(*left, *right),
-                ElementsAre("FormUniqueIDReuse: '0' vs '1'", "FormUniqueIDReuse: '0' vs '1'"));
+                ElementsAre("FormUniqueIDReuse: '0' vs '1'", "FormUniqueIDReuse: '0' vs '1'",
+                            "FormUniqueIDReuse: '0' vs '1'"));
 }
 
 TEST_F(Forms, IdsOfAFormAreMetBeforeThoseOfTheFormsInIt)

@@ -253,6 +253,16 @@ TEST(CompareStitchingFunctions, PartsAreComparedUnderThePair)
     ExpectDifferent({{0, 1}, {1, 1}}, left, right);
 }
 
+TEST(CompareStitchingFunctions, ThePairOfPartsHasTheLeftComponentFirst)
+{
+    const FunctionPointer left =
+        Stitched(Ramp({0.0f, 0.25f}, {1.0f, 0.5f}), Ramp({1.0f, 0.5f}, {0.0f, 0.0f}));
+    const FunctionPointer right =
+        Stitched(Ramp({0.75f, 0.0f}, {0.75f, 1.0f}), Ramp({0.75f, 1.0f}, {0.75f, 0.0f}));
+    ExpectEqual({{0, 1}}, left, right);
+    ExpectDifferent({{1, 0}}, left, right);
+}
+
 TEST(CompareStitchingFunctions, PartsThatAreKeptWholeDifferUnderSwappedComponents)
 {
     const FunctionPointer function = Stitched(SampledFunction("ab"), SampledFunction("cd"));

@@ -180,6 +180,9 @@ TEST(Segments, ControlPointsCount)
 TEST(Segments, ALineAndACurveDiffer)
 {
     EXPECT_FALSE(Match(LineTo(100.0, 0.0), CurveTo(Point(0.0, 0.0), Point(100.0, 0.0), Point(100.0, 0.0))));
+    // Whatever a line may have as its control points.
+    for (const Point& control : {Point(0.0, 0.0), Point(100.0, 0.0)})
+        EXPECT_FALSE(Match(LineTo(100.0, 0.0), CurveTo(control, control, Point(100.0, 0.0))));
 }
 
 TEST(Segments, AnotherNumberOfThemIsADifference)

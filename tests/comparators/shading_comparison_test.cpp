@@ -255,6 +255,20 @@ TEST(CompareShadings, MappingsWithoutCommonFormLeaveTheFunctionOut)
                         Difference("ImageChannelMapping", "(All @ 0)", "(a @ 0, b @ 1)")});
 }
 
+TEST(CompareShadings, WithoutAnyComponentHaveWhatIsCommonToTheirFunctions)
+{
+    const auto shading = [](const FunctionPointer& function, float tint) {
+        return AxialShadingOf(ComponentForAll(OrvColor::Unmapped), function)
+            .SetBackground(Background{tint})
+            .Get();
+    };
+    ExpectPaintReports(shading(Ramp({0.0f}, {1.0f}), 0.0f), shading(Ramp({0.5f}, {0.5f}), 1.0f), {});
+    const FunctionPointer one = Ramp({0.0f}, {1.0f});
+    const FunctionPointer other = Ramp({0.0f}, {1.0f}, 2.0);
+    ExpectPaintReports(shading(one, 0.0f), shading(other, 0.0f),
+                       {Difference("ShadingPaintFunction", Text(one), Text(other))});
+}
+
 TEST(CompareShadings, AComponentForAllIsLinedUpWithTheOnlyOne)
 {
     const PaintPointer all = AxialShadingOf(ComponentForAll(1), Ramp({0.5f, 0.0f}, {0.5f, 1.0f}))

@@ -4,6 +4,7 @@
 #include "support/recording_reporter.h"
 
 #include <orv_doc/halftone_set.h>
+#include <orv_doc/image.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -161,6 +162,20 @@ TEST_F(SoftMasks, AMismatchInTheDrawingEndsTheDrawingAlone)
 TEST_F(SoftMasks, HalftonesInsideAreNotCompared)
 {
     ExpectMaskReports(MaskOf(*document, WithHalftone("Round")), MaskOf(*document, WithHalftone("Line")), {});
+}
+
+TEST_F(SoftMasks, HalftonesOfImagesInsideAreNotCompared)
+{
+    const auto imageWithHalftone = [](const std::string& name) {
+        auto image = std::make_unique<OrvDoc::Image>(nullptr);
+        image->SetHalftoneSet(std::make_shared<OrvDoc::HalftoneSet>(name, OrvSys::PdfObject()));
+        return image;
+    };
+    Comparators::Options withoutPictures = AllOptions();
+    withoutPictures.compareImageData = false;
+    ExpectReports<OrvDoc::ContentObject>(*Masked(MaskOf(*document, imageWithHalftone("Round")).Get()),
+                                         *Masked(MaskOf(*document, imageWithHalftone("Line")).Get()), {},
+                                         withoutPictures);
 }
 
 TEST_F(SoftMasks, HalftonesAtAnyDepthInsideAreNotCompared)
