@@ -385,6 +385,25 @@ TEST_F(Forms, OneThatHoldsItselfEndsAlsoWithAnotherPartner)
                             "FormReuse: '0' vs '1'"));
 }
 
+TEST_F(Forms, ARoundIsOverOnlyWithTheSamePair)
+{
+    const EndlessForm endless(*left, "a");
+    const auto first = Right("a").Get();
+    const auto second = Right("b").Get();
+    OrvDoc::Path& user = Place(first->GetContent(), Filled(second));
+    Place(second->GetContent(), Filled(first));
+    // All are met with others, so that nothing is met for the first time on the way round.
+    Use(endless.paint, Right("a").Get());
+    Use(Left("a").Get(), first);
+    Use(Left("b").Get(), second);
+    Use(endless.paint, first);
+    EXPECT_THAT(CompareLines(*left, *right),
+                ElementsAre("ObjectRemoved: OrvDoc::Path", "ObjectAdded: OrvDoc::Path",
+                            "ObjectAdded: OrvDoc::Path", "ObjectName: 'a' vs 'b'", "FormReuse: '1' vs '0'",
+                            "FormReuse: '1' vs '0'", "FormReuse: '1' vs '0'"));
+    user.SetFillPaint(nullptr);
+}
+
 TEST_F(Forms, NestDeeply)
 {
     const auto nested = [](OrvDoc::Document& document, const std::string& name) {

@@ -268,17 +268,18 @@ TEST_F(SoftMasks, OneThatHoldsItselfEnds)
 TEST_F(SoftMasks, OneThatIsUsedInAFormInsideItIsToldThereToo)
 {
     const auto other = NewDocument();
-    const auto round = [](OrvDoc::Document& owner, bool isAlpha) {
+    const auto round = [](OrvDoc::Document& owner, const std::string& name, bool isAlpha) {
         const auto form = AForm(owner).Get();
-        const MaskPointer mask = MaskOf(owner, Filled(form)).SetAlpha(isAlpha).Get();
+        const MaskPointer mask = MaskOf(owner, Square(name), Filled(form)).SetAlpha(isAlpha).Get();
         OrvDoc::Path& user = Place(form->GetContent(), Masked(mask));
         Fill(ContentOf(owner), Masked(mask));
         return &user;
     };
-    OrvDoc::Path* const leftUser = round(*document, true);
-    OrvDoc::Path* const rightUser = round(*other, false);
+    OrvDoc::Path* const leftUser = round(*document, "a", true);
+    OrvDoc::Path* const rightUser = round(*other, "b", false);
     ExpectReports(*document, *other,
-                  {Difference("SoftMaskAlpha", "1", "0"), Difference("SoftMaskAlpha", "1", "0")});
+                  {Difference("ObjectName", "a", "b"), Difference("ObjectName", "a", "b"),
+                   Difference("SoftMaskAlpha", "1", "0"), Difference("SoftMaskAlpha", "1", "0")});
     leftUser->SetTransparency(nullptr);
     rightUser->SetTransparency(nullptr);
 }
