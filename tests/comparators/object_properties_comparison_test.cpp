@@ -162,6 +162,17 @@ TEST(Transparency, AlphasAtTheToleranceDiffer)
         {Difference("ObjectFillAlpha", "0", "1e-05"), Difference("ObjectStrokeAlpha", "0", "1e-05")});
 }
 
+TEST(Transparency, AlphasAreSubtractedAsFloats)
+{
+    // The exact difference is below the tolerance; the nearest float to it is the tolerance itself.
+    Transparency left;
+    Transparency right;
+    left.fillAlpha = 1e-5f;
+    right.fillAlpha = 1e-13f;
+    ExpectObjectReports(*Blended(Square(), left), *Blended(Square(), right),
+                        {Difference("ObjectFillAlpha", "1e-05", "1e-13")});
+}
+
 TEST(Transparency, AnAlphaThatIsNoNumberMatchesNothing)
 {
     Transparency transparency;
