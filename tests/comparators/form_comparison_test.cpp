@@ -2,6 +2,7 @@
 
 #include "comparators/comparison_context.h"
 #include "comparators/external_reference_comparison.h"
+#include "paint_reports.h"
 #include "support/paint_makers.h"
 #include "support/recording_reporter.h"
 
@@ -57,10 +58,7 @@ protected:
     static void ExpectPaintReports(const Factory& leftFactory, const Factory& rightFactory,
                                    const std::vector<ExpectedReport>& expected)
     {
-        ExpectReports<OrvDoc::ContentObject>(*Filled(leftFactory.Get()), *Filled(rightFactory.Get()),
-                                             expected);
-        ExpectReports<OrvDoc::ContentObject>(*Stroked(leftFactory.Get()), *Stroked(rightFactory.Get()),
-                                             expected);
+        Testing::ExpectPaintReports(leftFactory.Get(), rightFactory.Get(), expected);
     }
 
     const std::unique_ptr<OrvDoc::Document> left = NewDocument();

@@ -1,6 +1,7 @@
 #include "comparators/paint_comparison.h"
 
 #include "comparators/comparison_context.h"
+#include "paint_reports.h"
 #include "support/document_makers.h"
 #include "support/recording_reporter.h"
 
@@ -41,13 +42,6 @@ std::string Print(OrvPaint::Paint::Type type)
     std::ostringstream stream;
     stream << type;
     return stream.str();
-}
-
-void ExpectPaintReports(const PaintPointer& left, const PaintPointer& right,
-                        const std::vector<ExpectedReport>& expected)
-{
-    ExpectReports<OrvDoc::ContentObject>(*Filled(left), *Filled(right), expected);
-    ExpectReports<OrvDoc::ContentObject>(*Stroked(left), *Stroked(right), expected);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "comparators/shading_comparison.h"
 
+#include "paint_reports.h"
 #include "support/paint_makers.h"
 #include "support/recording_reporter.h"
 
@@ -29,13 +30,6 @@ using PdfBox = Plexa::RectangleBase<Plexa::PdfCoordinateSystem>;
 using Background = std::vector<OrvColor::Component>;
 
 const double belowThirty = std::nextafter(30.0, 0.0);
-
-void ExpectPaintReports(const PaintPointer& left, const PaintPointer& right,
-                        const std::vector<ExpectedReport>& expected)
-{
-    ExpectReports<OrvDoc::ContentObject>(*Filled(left), *Filled(right), expected);
-    ExpectReports<OrvDoc::ContentObject>(*Stroked(left), *Stroked(right), expected);
-}
 
 std::vector<std::string> Labels(const PaintPointer& left, const PaintPointer& right)
 {
