@@ -35,8 +35,9 @@ void ReadReference(QPDFObjectHandle reference, const SourceFile& file, FormPaint
         problems.push_back("Ref is left out: its page is not told by an index");
     } else {
         const boost::filesystem::path folder = boost::filesystem::absolute(file.GetPath()).parent_path();
-        factory.SetExternalReference(std::make_pair(boost::filesystem::absolute(name, folder).lexically_normal(),
-                                                    static_cast<std::size_t>(page.getIntValue())));
+        factory.SetExternalReference(
+            std::make_pair(boost::filesystem::absolute(name, folder).lexically_normal(),
+                           static_cast<std::size_t>(page.getIntValue())));
     }
 }
 

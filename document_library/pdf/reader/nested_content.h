@@ -78,7 +78,8 @@ public:
                                                std::string& problem) = 0;
 
     /// The group that the writer wrote as a form for its transparency; none for other forms, and when it was
-    /// taken before. To be asked first. `base` leads from the container around to the coordinates of the content.
+    /// taken before. To be asked first. `base` leads from the container around to the coordinates of the
+    /// content.
     virtual GroupUse TakeGroup(const GraphicsState& state, const Matrix& base) = 0;
 
     /// The layer of its `OC`; null for none.
