@@ -8,8 +8,11 @@ buildPackages=(
     g++ cmake ninja-build ccache pkg-config
     libboost-dev libboost-filesystem-dev libboost-system-dev
     libqpdf-dev libdeflate-dev zlib1g-dev liburiparser-dev liblcms2-dev
+    libfreetype-dev libharfbuzz-dev
     libgtest-dev libgmock-dev libbenchmark-dev
 )
+# What the library itself reads when it runs: its own fonts, and the maps from character codes to glyphs.
+runtimePackages=(fonts-liberation2 fonts-dejavu-core poppler-data)
 witnessPackages=(qpdf poppler-utils mupdf-tools)
 
 say()

@@ -17,7 +17,7 @@ if [ ${#files[@]} -eq 0 ]; then
     files=(examples/data/leaflet-v1.pdf examples/data/leaflet-v2.pdf)
 fi
 
-ensure_packages "${buildPackages[@]}"
+ensure_packages "${buildPackages[@]}" "${runtimePackages[@]}"
 build release examples
 
 say "Comparing, object by object"

@@ -11,7 +11,7 @@ case "${1:-}" in
     *) echo "usage: scripts/test.sh [--quick]" >&2; exit 2 ;;
 esac
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
-ensure_packages "${buildPackages[@]}" "${witnessPackages[@]}"
+ensure_packages "${buildPackages[@]}" "${runtimePackages[@]}" "${witnessPackages[@]}"
 
 run_tests()
 {

@@ -1,6 +1,13 @@
 #pragma once
 
+#include <memory>
+
 #include <orv_sys/export.h>
+
+namespace OrvFont
+{
+class FontManager;
+}
 
 namespace OrvDoc
 {
@@ -13,6 +20,11 @@ public:
     ~ResourceManager();
     ResourceManager(const ResourceManager&) = delete;
     ResourceManager& operator=(const ResourceManager&) = delete;
+
+    OrvFont::FontManager& GetFontManager() { return *fontManager; }
+
+private:
+    std::unique_ptr<OrvFont::FontManager> fontManager;
 };
 
 } // namespace OrvDoc
