@@ -74,6 +74,9 @@ public:
     void MarkChanged() { ++revision; }
     /// What a content of a form, pattern or soft mask was read from; null for one that a program made.
     const Detail::ContentSource* GetSource() const { return source.get(); }
+    /// Whether it was read from a glyph of a font. As long as nobody changes it, what is filled with it is
+    /// written as text; it becomes a form otherwise, which shows the same and is no text any more.
+    bool IsGlyph() const;
     void SetSource(std::unique_ptr<const Detail::ContentSource> value);
 
 protected:

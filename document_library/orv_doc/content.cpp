@@ -54,6 +54,11 @@ void Content::SetSource(std::unique_ptr<const Detail::ContentSource> value)
     source = std::move(value);
 }
 
+bool Content::IsGlyph() const
+{
+    return source && source->IsGlyph();
+}
+
 void Content::AddOnTop(ContentObject* object)
 {
     if (!object)

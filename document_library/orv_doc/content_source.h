@@ -9,6 +9,9 @@ class ContentSource
 {
 public:
     virtual ~ContentSource() = default;
+
+    /// Whether it is a glyph of a font.
+    virtual bool IsGlyph() const { return false; }
 };
 
 } // namespace OrvDoc::Detail

@@ -10,6 +10,7 @@
 #include <orv_doc/path.h>
 #include <orv_doc/text.h>
 #include <orv_doc/text_group.h>
+#include <orv_font/font.h>
 #include <plexa/compound.h>
 
 #include "orv_doc/info_text.h"
@@ -41,6 +42,17 @@ void AddStroke(InfoText& info, const Strokable& object)
     std::string width = "width ";
     Detail::AppendNumber(width, object.GetStrokeProperties().width);
     info.Add(width);
+}
+
+/// Nothing for zero.
+void AddNumber(InfoText& info, const char* label, double number)
+{
+    if (number == 0.0)
+        return;
+    std::string text = label;
+    text += ' ';
+    Detail::AppendNumber(text, number);
+    info.Add(text);
 }
 
 std::size_t CountSegments(const Plexa::Compound& compound)
@@ -88,10 +100,20 @@ Info Path::DumpInfo() const
 Info Text::DumpInfo() const
 {
     InfoText info;
-    info.AddCount(characters.size(), "character");
+    info.AddCount(GetCharacterCount(), "character").AddQuoted("font", font->GetName());
     std::string sizeText = "size ";
     Detail::AppendNumber(sizeText, size);
-    info.Add(sizeText).AddPaint("fill", GetFillPaint().get());
+    info.Add(sizeText);
+    AddNumber(info, "character spacing", charSpacing.value);
+    AddNumber(info, "word spacing", wordSpacing.value);
+    if (!Plexa::IsIdentity(textTransformation)) {
+        std::string matrix = "text transformation ";
+        Detail::AppendTransformation(matrix, textTransformation);
+        info.Add(matrix);
+    }
+    if (HasOwnCharacterTransformations())
+        info.Add("characters placed one by one");
+    info.AddPaint("fill", GetFillPaint().get());
     AddStroke(info, *this);
     AddHalftones(info, GetHalftoneSet());
     return {"Text", info.AddObject(*this).Get()};

@@ -4,6 +4,7 @@
 
 #include <orv_doc/layer.h>
 #include <orv_doc/path.h>
+#include <orv_doc/text.h>
 #include <orv_doc/text_group.h>
 
 namespace OrvDoc::Detail
@@ -22,7 +23,7 @@ enum class GroupClass
 inline GroupClass GetGroupClass(const ContentObject& object)
 {
     const std::type_info& type = typeid(object);
-    if (type == typeid(Path)) // By far the most objects.
+    if (type == typeid(Path) || type == typeid(Text)) // By far the most objects.
         return GroupClass::None;
     if (type == typeid(Group))
         return GroupClass::Group;
@@ -36,7 +37,8 @@ inline Group* AsGroup(ContentObject& object)
 {
     if (GetGroupClass(object) != GroupClass::None)
         return static_cast<Group*>(&object);
-    return typeid(object) == typeid(Path) ? nullptr : dynamic_cast<Group*>(&object);
+    const std::type_info& type = typeid(object);
+    return type == typeid(Path) || type == typeid(Text) ? nullptr : dynamic_cast<Group*>(&object);
 }
 
 } // namespace OrvDoc::Detail

@@ -1,7 +1,5 @@
 #include <orv_doc/path.h>
 
-#include <array>
-#include <cstdint>
 #include <mutex>
 #include <stdexcept>
 #include <utility>
@@ -11,6 +9,7 @@
 #include <plexa/geometry.h>
 
 #include "orv_doc/clone_properties.h"
+#include "orv_doc/shape_mutex.h"
 #include "orv_doc/stroke_reach.h"
 
 namespace OrvDoc
@@ -27,15 +26,6 @@ std::shared_ptr<const Plexa::Compound> RequireCompound(std::shared_ptr<const Ple
     if (!compound)
         throw std::invalid_argument("A path needs a shape.");
     return compound;
-}
-
-/// A mutex in each path would take as much memory as most of its properties together, and two threads seldom
-/// ask for two shapes of one stripe at a time.
-std::mutex& GetMutex(const Path& path)
-{
-    static std::array<std::mutex, 16> stripes;
-    // Neighbours in memory differ above the size of an object.
-    return stripes[reinterpret_cast<std::uintptr_t>(&path) / sizeof(Path) % stripes.size()];
 }
 
 } // namespace
@@ -59,7 +49,7 @@ Path::TransformedCompound(const Transformation* transformation) const
     const Transformation absolute = GetAbsoluteTransformation(*this);
     if (Plexa::IsIdentity(absolute))
         return compound;
-    const std::lock_guard<std::mutex> lock(GetMutex(*this));
+    const std::lock_guard<std::mutex> lock(Detail::GetShapeMutex(*this));
     if (!hasTransformedCompound.load(std::memory_order_relaxed)) {
         transformedCompound = absolute * compound;
         MarkDerivedShapes();

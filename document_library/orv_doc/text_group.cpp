@@ -18,7 +18,7 @@ void TextGroup::SetClippingObject(bool value)
 Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> TextGroup::GetBoundingBoxSelf(
     BoxKind kind, const Plexa::TransformationBase<Plexa::MilliPointCoordinateSystem>& transformation) const
 {
-    return Group::GetBoundingBoxSelf(kind, transformation);
+    return Group::GetBoundingBoxSelf(isClipping ? BoxKind::Outline : kind, transformation);
 }
 
 void TextGroup::Accept(ConstVisitorBase& visitor) const

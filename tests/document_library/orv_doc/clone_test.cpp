@@ -13,6 +13,7 @@
 #include <orv_doc/text_group.h>
 
 #include "document_library/orv_doc/model_makers.h"
+#include "support/text_makers.h"
 
 namespace
 {
@@ -88,7 +89,7 @@ TEST_F(Cloning, CopiesAllOfAText)
 {
     TextCharacter character;
     character.character.code = 65;
-    Text text({character}, nullptr, 12.5);
+    Text text({character}, HarrowSupport::Testing::MakeFont(), 12.5);
     text.SetCharSpacing(1.5);
     text.SetWordSpacing(2.5);
     text.SetTextTransformation(Scaling(2));
@@ -96,6 +97,7 @@ TEST_F(Cloning, CopiesAllOfAText)
     text.SetStrokePaint(MakeBlack());
     const auto clone = Clone(text);
     EXPECT_EQ(clone->GetText(), text.GetText());
+    EXPECT_EQ(clone->GetFont(), text.GetFont());
     EXPECT_EQ(clone->GetSize(), 12.5);
     EXPECT_EQ(clone->GetCharSpacing(), text.GetCharSpacing());
     EXPECT_EQ(clone->GetWordSpacing(), text.GetWordSpacing());

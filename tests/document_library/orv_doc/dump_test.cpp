@@ -18,6 +18,7 @@
 #include <orv_paint/whole_shading_paint.h>
 
 #include "document_library/orv_doc/nested_makers.h"
+#include "support/text_makers.h"
 
 namespace
 {
@@ -118,7 +119,8 @@ TEST(DumpInfo, TellsKindAndPropertiesOfEachClass)
         Info("Layer", "Not(\"Cutting\"), 0 children"));
     EXPECT_EQ(Image(nullptr).DumpInfo(), Info("Image", ""));
     EXPECT_EQ(ImageMask(nullptr).DumpInfo(), Info("ImageMask", ""));
-    EXPECT_EQ(Text({TextCharacter()}, nullptr, 12.5).DumpInfo(), Info("Text", "1 character, size 12.5"));
+    EXPECT_EQ(HarrowSupport::Testing::TextOf("A")->DumpInfo(),
+              Info("Text", "1 character, font \"Test-Regular\", size 12"));
     TextGroup textGroup;
     textGroup.SetClippingObject(true);
     EXPECT_EQ(textGroup.DumpInfo(), Info("TextGroup", "0 children, clipping"));

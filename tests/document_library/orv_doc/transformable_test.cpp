@@ -5,7 +5,6 @@
 #include <orv_doc/image.h>
 #include <orv_doc/image_mask.h>
 #include <orv_doc/layer.h>
-#include <orv_doc/text.h>
 #include <orv_doc/text_group.h>
 
 #include "document_library/orv_doc/model_makers.h"
@@ -66,11 +65,6 @@ TEST(BoundingBox, OfPicturesIsTheMappedUnitSquare)
     EXPECT_EQ(ImageMask(nullptr).GetBoundingBoxSelf(BoxKind::Outline, t), Rectangle(10, 20, 2000, 3000));
 }
 
-TEST(BoundingBox, OfATextWithoutOutlinesIsInitial)
-{
-    EXPECT_TRUE(Text({TextCharacter()}, nullptr, 12).GetBoundingBoxSelf(BoxKind::Painted, {}).isInitial);
-}
-
 TEST(BoundingBox, OfAnEmptyGroupIsInitial)
 {
     EXPECT_TRUE(MakeGroup()->GetBoundingBoxSelf(BoxKind::Painted, {}).isInitial);
@@ -121,21 +115,6 @@ TEST(TransformationChange, IsToldToEverythingBelowAGroup)
     root->Transform(Scaling(2), TransformationMode::Append);
     ASSERT_EQ(path.changes.size(), 1u);
     EXPECT_EQ(path.changes.front(), std::make_pair(Scaling(2), TransformationMode::Append));
-}
-
-TEST(Text, HasAnIdentityForEachCharacterAtFirst)
-{
-    const Text text(std::vector<TextCharacter>(3), nullptr, 12);
-    EXPECT_EQ(text.GetCharacterTransformations(),
-              std::vector<Plexa::TransformationBase<Plexa::PdfCoordinateSystem>>(3));
-}
-
-TEST(Text, RefusesAnotherNumberOfTransformationsThanOfCharacters)
-{
-    Text text(std::vector<TextCharacter>(3), nullptr, 12);
-    EXPECT_THROW(text.SetCharacterTransformations({{}, {}}), std::invalid_argument);
-    EXPECT_THROW(text.SetCharacterTransformations({{}, {}, {}, {}}), std::invalid_argument);
-    EXPECT_EQ(text.GetCharacterTransformations().size(), 3u);
 }
 
 } // namespace

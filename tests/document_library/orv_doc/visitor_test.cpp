@@ -14,6 +14,7 @@
 #include <orv_doc/text_group.h>
 
 #include "document_library/orv_doc/model_makers.h"
+#include "support/text_makers.h"
 
 namespace
 {
@@ -84,7 +85,7 @@ TYPED_TEST(VisitorDefaults, AnObjectIsSeenOnceByTheVisitorsOfItsClassAndOfItsBas
     Layer layer(std::shared_ptr<LayerProperties>{});
     Group group(Group::Flags::Default);
     ImageMask imageMask(nullptr);
-    Text text({}, nullptr, 12);
+    Text text(std::vector<TextCharacter>(), HarrowSupport::Testing::MakeFont(), 12);
     Path path(MakeRectangle(0, 0, 1, 1));
     Image image(nullptr);
     ExpectSeenIfDerived<TypeParam>(textGroup);
