@@ -79,15 +79,6 @@ bool AllSubpaths(const Plexa::Compound& left, const Plexa::Compound& right, Test
         [&test](const SubpathPointer& one, const SubpathPointer& other) { return test(*one, *other); });
 }
 
-/// Whether two shapes are one and the same bit by bit.
-bool SameShape(const Plexa::Compound& left, const Plexa::Compound& right)
-{
-    return left.GetWindingRule() == right.GetWindingRule() &&
-           AllSubpaths(left, right, [](const Plexa::Subpath& one, const Plexa::Subpath& other) {
-               return AllSegments(one, other, SameSegments);
-           });
-}
-
 bool SegmentsMatch(const Plexa::Segment& left, const Plexa::Segment& right)
 {
     if (!PointsMatch(left.GetEnd(), right.GetEnd()))
@@ -107,7 +98,7 @@ void ComparePath(ComparisonContext&, DifferenceScope<OrvDoc::ContentObject>& sco
     const auto& right = static_cast<const OrvDoc::Path&>(*scope.right);
     // Shapes that were given alike have the same winding rule and the same text, so nothing could be reported
     // wherever they come to lie. That spares making the shapes in their final position for every equal pair.
-    if (SameShape(*left.DefiningCompound(), *right.DefiningCompound()))
+    if (AreSameShape(*left.DefiningCompound(), *right.DefiningCompound()))
         return;
     // Held, since a path may keep no more than the last shape that it was asked for.
     const std::shared_ptr<const Plexa::Compound> leftShape = left.TransformedCompound(nullptr);
@@ -117,6 +108,14 @@ void ComparePath(ComparisonContext&, DifferenceScope<OrvDoc::ContentObject>& sco
     if (CompareCompounds(*leftShape, *rightShape))
         return;
     CompareOrReport(scope, "ObjectShape", Print(left.DefiningCompound()), Print(right.DefiningCompound()));
+}
+
+bool AreSameShape(const Plexa::Compound& left, const Plexa::Compound& right)
+{
+    return left.GetWindingRule() == right.GetWindingRule() &&
+           AllSubpaths(left, right, [](const Plexa::Subpath& one, const Plexa::Subpath& other) {
+               return AllSegments(one, other, SameSegments);
+           });
 }
 
 bool CompareCompounds(const Plexa::Compound& left, const Plexa::Compound& right)

@@ -11,6 +11,7 @@
 #include <orv_color/color_list.h>
 #include <orv_doc/group.h>
 #include <orv_doc/path.h>
+#include <orv_doc/text.h>
 #include <orv_doc/text_group.h>
 #include <orv_paint/axial_shading_paint.h>
 #include <orv_paint/flat_paint.h>
@@ -18,6 +19,11 @@
 #include <orv_paint/radial_shading_paint.h>
 #include <plexa/compound.h>
 #include <plexa/rectangle.h>
+
+namespace OrvDoc
+{
+class Content;
+}
 
 /// Objects for the documents of a test program, each made in one call. What the caller does not name is
 /// fixed, and part of the contract: the same arguments give equal objects. The functions keep nothing and
@@ -80,5 +86,17 @@ HARROW_EXPORT std::unique_ptr<OrvDoc::Path> CreatePath(std::shared_ptr<const Ple
 
 /// An empty text group.
 HARROW_EXPORT std::unique_ptr<OrvDoc::TextGroup> CreateTextGroup();
+
+/// A text group that holds one text, the one of `CreateText`.
+HARROW_EXPORT std::unique_ptr<OrvDoc::TextGroup> CreateTextGroup(boost::string_view text,
+                                                                 OrvDoc::Content& content);
+
+/// A text in the font "QuorleSerif", written horizontally with 14 points, without paint, spacing or
+/// transformation. The content only leads to the fonts of its document and stays as it is.
+///
+/// The text ends at its first zero byte. A text that is not UTF-8 comes out empty, with nothing said. A
+/// character that the font lacks is left out; then a line on the standard error stream says that there was
+/// one.
+HARROW_EXPORT std::unique_ptr<OrvDoc::Text> CreateText(boost::string_view text, OrvDoc::Content& content);
 
 } // namespace HarrowSupport

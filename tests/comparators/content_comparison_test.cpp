@@ -4,6 +4,7 @@
 #include "foreign_objects.h"
 #include "support/paint_makers.h"
 #include "support/recording_reporter.h"
+#include "support/text_makers.h"
 
 #include <orv_blend/transparency.h>
 #include <orv_doc/dump.h>
@@ -206,10 +207,7 @@ TEST_F(ContentPair, AMismatchOfClassesEndsTheWalk)
 
 TEST_F(ContentPair, APathAndATextInTheOtherOrderAreNotMatchedUp)
 {
-    const auto text = [](const std::string& name) {
-        return Named(std::make_unique<OrvDoc::Text>(std::vector<OrvDoc::TextCharacter>(), nullptr, 12.0),
-                     name);
-    };
+    const auto text = [](const std::string& name) { return Named(TextOf(""), name); };
     Fill(Left(), Square("path"), text("text"));
     Fill(Right(), text("text"), Square("path"));
     ExpectContentReports({Difference("ObjectType", "OrvDoc::Path", "OrvDoc::Text")});

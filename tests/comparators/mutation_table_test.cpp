@@ -5,12 +5,14 @@
 
 #include "support/paint_scene.h"
 #include "support/recording_reporter.h"
+#include "support/text_makers.h"
 
 #include <orv_doc/blend_color_space.h>
 #include <orv_doc/halftone_set.h>
 #include <orv_doc/image.h>
 #include <orv_doc/transfer_function_set.h>
 #include <plexa/compound.h>
+#include <plexa/geometry.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -46,11 +48,15 @@ struct Mutation
     std::vector<std::string> result = {};
     /// Why there are more than one, or others.
     std::string reason = "";
+    /// The object, where another one has the same label.
+    std::string object = "";
+
+    std::string GetName() const { return label + object; }
 };
 
 void PrintTo(const Mutation& mutation, std::ostream* stream)
 {
-    *stream << mutation.label << ": " << mutation.change;
+    *stream << mutation.GetName() << ": " << mutation.change;
 }
 
 void SetHalftone(Scene& scene, const std::string& name, int definition)
@@ -263,11 +269,79 @@ std::vector<Mutation> PaintMutations()
     };
 }
 
+FontPlan FontNamed(const std::string& name, const std::string& family, const std::string& style)
+{
+    FontPlan plan;
+    plan.names = {name, family, style};
+    return plan;
+}
+
+/// Gives the text another font.
+void SetFont(Scene& scene, const FontPlan& plan)
+{
+    scene.text = TextOf("AB", MakeFont(plan));
+}
+
+/// A font of another program that draws rectangles.
+FontPlan FontOfRectangles(double width, Plexa::WindingRule rule)
+{
+    FontPlan plan;
+    plan.program = 2;
+    plan.outline = [width, rule](const OrvFont::Character&) {
+        return Plexa::WithWindingRule(Plexa::GetRectangleCompound({0.0, 0.0, width, 700.0}), rule);
+    };
+    return plan;
+}
+
+std::vector<Mutation> TextMutations()
+{
+    return {
+        {"FontName", "another name",
+         [](Scene& scene) { SetFont(scene, FontNamed("Other", "Test", "Regular")); }},
+        {"FontFamily", "another family",
+         [](Scene& scene) { SetFont(scene, FontNamed("Test-Regular", "Other", "Regular")); }},
+        {"FontStyle", "another style",
+         [](Scene& scene) { SetFont(scene, FontNamed("Test-Regular", "Test", "Bold")); }},
+        {"FontBBox", "a larger box",
+         [](Scene& scene) {
+             FontPlan plan;
+             plan.box = otherBox;
+             SetFont(scene, plan);
+         }},
+        {"TextSize", "a point more", [](Scene& scene) { scene.text = TextOf("AB", MakeFont(), 13.0); }},
+        {"TextCharacterSpacing", "half a point", [](Scene& scene) { scene.text->SetCharSpacing(0.5); }},
+        {"TextWordSpacing", "half a point", [](Scene& scene) { scene.text->SetWordSpacing(0.5); }},
+        {"TextTransformation", "twice as wide",
+         [](Scene& scene) { scene.text->SetTextTransformation(twice); }},
+        {"TextCharacterPositions", "the second character a point further",
+         [](Scene& scene) {
+             scene.text->SetCharacterTransformations({{}, {1, 0, 0, 1, 7, 0}});
+         }},
+        {"TextCharacters",
+         "another letter",
+         [](Scene& scene) { scene.text = TextOf("AZ"); },
+         {"TextCharacters", "ObjectShape"},
+         "characters are only looked at where outlines differ"},
+        {"ObjectWindingRule",
+         "a font of another program, by the even-odd rule",
+         [](Scene& scene) { SetFont(scene, FontOfRectangles(65.0, Plexa::WindingRule::EvenOdd)); },
+         {"ObjectWindingRule", "ObjectShape"},
+         "an outline is printed with its rule",
+         "OfText"},
+        {"ObjectShape",
+         "a font of another program, with other outlines",
+         [](Scene& scene) { SetFont(scene, FontOfRectangles(500.0, Plexa::WindingRule::NonZero)); },
+         {},
+         "",
+         "OfText"},
+    };
+}
+
 std::vector<Mutation> Table()
 {
     std::vector<Mutation> table;
     for (const std::vector<Mutation>& part :
-         {ContentMutations(), ObjectMutations(), ShadingMutations(), PaintMutations()})
+         {ContentMutations(), ObjectMutations(), ShadingMutations(), PaintMutations(), TextMutations()})
         table.insert(table.end(), part.begin(), part.end());
     return table;
 }
@@ -331,7 +405,7 @@ TEST_P(OneChange, OnBothSidesIsNone)
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, OneChange, ::testing::ValuesIn(Table()),
-                         [](const ::testing::TestParamInfo<Mutation>& row) { return row.param.label; });
+                         [](const ::testing::TestParamInfo<Mutation>& row) { return row.param.GetName(); });
 
 TEST(NoChange, IsToldAsNothing)
 {
@@ -424,10 +498,22 @@ TEST(MutationTable, HasEachLabelOnce)
                                            "ImageChannelMapping",
                                            "ImageOverprint",
                                            "ImageRegistrationColorSpace",
-                                           "ImageChannelsMapped"};
+                                           "ImageChannelsMapped",
+                                           "FontName",
+                                           "FontFamily",
+                                           "FontStyle",
+                                           "FontBBox",
+                                           "TextSize",
+                                           "TextCharacterSpacing",
+                                           "TextWordSpacing",
+                                           "TextTransformation",
+                                           "TextCharacterPositions",
+                                           "TextCharacters",
+                                           "ObjectWindingRuleOfText",
+                                           "ObjectShapeOfText"};
     std::vector<std::string> rows;
     for (const Mutation& mutation : Table())
-        rows.push_back(mutation.label);
+        rows.push_back(mutation.GetName());
     EXPECT_THAT(rows, ::testing::UnorderedElementsAreArray(told));
 }
 

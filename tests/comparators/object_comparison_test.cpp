@@ -5,6 +5,7 @@
 #include "comparators/object_type_name.h"
 #include "support/document_makers.h"
 #include "support/recording_reporter.h"
+#include "support/text_makers.h"
 
 #include <orv_doc/halftone_set.h>
 #include <orv_doc/image.h>
@@ -48,7 +49,7 @@ std::unique_ptr<OrvDoc::ImageMask> NewImageMask()
 
 std::unique_ptr<OrvDoc::Text> NewText()
 {
-    return std::make_unique<OrvDoc::Text>(std::vector<OrvDoc::TextCharacter>(), nullptr, 12.0);
+    return TextOf("");
 }
 
 template <typename Object>
