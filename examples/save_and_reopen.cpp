@@ -50,8 +50,11 @@ standard error then says why, and nothing is written to standard output.
 
 void MarkContentsChanged(OrvDoc::Document& document)
 {
-    for (OrvDoc::Content* const content : Examples::ListAllContents(document))
-        content->MarkChanged();
+    for (OrvDoc::Content* const content : Examples::ListAllContents(document)) {
+        // A glyph that is changed is no glyph of the file's font any more.
+        if (!content->IsGlyph())
+            content->MarkChanged();
+    }
 }
 
 Examples::ExitCode MakeRoundTrip(const std::vector<std::string>& arguments, std::ostream& output)

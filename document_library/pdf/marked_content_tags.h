@@ -20,6 +20,7 @@ inline constexpr const char* attributes = "OrvAttributes";
 /// of the object's transparency, which PDF knows for groups alone), `Blended` (boolean: the object has a
 /// transparency also if the graphics state says nothing but what is initial), `Halftones` (boolean: also if
 /// nothing paints the path, it has the halftones of the graphics state),
+/// `Empty` (boolean: a text without characters is shown by an empty string),
 /// `Outline` (boolean: the first path inside, which clips what follows, is the outline of the object that is
 /// filled with the form that follows).
 inline constexpr const char* object = "OrvObject";
@@ -29,9 +30,21 @@ inline constexpr const char* object = "OrvObject";
 /// exactly the one before.
 inline constexpr const char* reset = "OrvReset";
 
+/// A marked-content point inside of a text object: a text begins at the matrix in force, though its first
+/// character may stand on another line, and though nothing else may tell it from the one before. With the
+/// properties `Text` and `Matrix` that matrix is the product of the two, the text's own and that of the object,
+/// which all texts of one clip have no other place for.
+inline constexpr const char* text = "OrvText";
+
+/// A marked-content point inside of a text object: `Matrix` leads from the line that the `Tm` that follows
+/// directly begins to the matrix that the text began with, in points. The product of both is rounded in the
+/// operands of `Tm`.
+inline constexpr const char* line = "OrvLine";
+
 inline constexpr const char* nameKey = "Name";
 inline constexpr const char* flagsKey = "Flags";
 inline constexpr const char* matrixKey = "Matrix";
+inline constexpr const char* textKey = "Text";
 inline constexpr const char* clipKey = "Clip";
 inline constexpr const char* ownClipsKey = "OwnClips";
 inline constexpr const char* evenOddKey = "EvenOdd";
@@ -40,6 +53,7 @@ inline constexpr const char* knockoutKey = "Knockout";
 inline constexpr const char* blendedKey = "Blended";
 inline constexpr const char* halftonesKey = "Halftones";
 inline constexpr const char* outlineKey = "Outline";
+inline constexpr const char* emptyKey = "Empty";
 
 // Private keys of form XObjects.
 
@@ -65,6 +79,8 @@ inline constexpr const char* sameDrawingKey = "/OrvDrawing";
 /// In the form of a soft mask, a boolean: the group's colour space is there because the standard asks for
 /// one.
 inline constexpr const char* noBlendSpaceKey = "/OrvNoBlendSpace";
+/// In a font descriptor, a string: the style by which the font's family tells it, which PDF has no key for.
+inline constexpr const char* fontStyleKey = "/OrvStyle";
 /// The blend colour space of a form that is no transparency group.
 inline constexpr const char* blendSpaceKey = "/OrvBlendSpace";
 

@@ -33,6 +33,9 @@ static_assert(Has<std::unique_ptr<OrvDoc::Group> (*)()>(&CreateUserGroup));
 static_assert(Has<PathPointer (*)(const Rectangle&)>(&CreatePath));
 static_assert(Has<PathPointer (*)(std::shared_ptr<const Plexa::Compound>)>(&CreatePath));
 static_assert(Has<std::unique_ptr<OrvDoc::TextGroup> (*)()>(&CreateTextGroup));
+static_assert(
+    Has<std::unique_ptr<OrvDoc::TextGroup> (*)(boost::string_view, OrvDoc::Content&)>(&CreateTextGroup));
+static_assert(Has<std::unique_ptr<OrvDoc::Text> (*)(boost::string_view, OrvDoc::Content&)>(&CreateText));
 
 TEST(FactoriesOfTheLibrary, AreThereForPrograms)
 {
@@ -50,6 +53,9 @@ TEST(FactoriesOfTheLibrary, AreThereForPrograms)
     EXPECT_EQ(CreateFormInstance(form)->GetFillPaint(), form);
     EXPECT_NE(CreateGroup()->GetFlags(), CreateUserGroup()->GetFlags());
     EXPECT_EQ(CreateTextGroup()->children.first, nullptr);
+    OrvDoc::Content& content = form->GetContent();
+    EXPECT_EQ(CreateText("text", content)->GetText().size(), 4u);
+    EXPECT_NE(CreateTextGroup("text", content)->children.first, nullptr);
 }
 
 } // namespace

@@ -64,7 +64,9 @@ elseif(WAY STREQUAL "document_library_package")
         message(FATAL_ERROR "The embedded document library was built although another was named: ${embedded}")
     endif()
 elseif(WAY STREQUAL "add_subdirectory")
-    configure_and_build("${SOURCE_FOLDER}/tests/install/embedding_project" outside "-DHARROW_FOLDER=${SOURCE_FOLDER}")
+    # The flags of the outer build, warnings as errors too: then the compiler cache has all objects already.
+    configure_and_build("${SOURCE_FOLDER}/tests/install/embedding_project" outside
+        "-DHARROW_FOLDER=${SOURCE_FOLDER}" "-DHARROW_WARNINGS_AS_ERRORS=${WARNINGS_AS_ERRORS}")
     expect_program_works("${way}/outside")
 else()
     message(FATAL_ERROR "WAY is '${WAY}', which this script does not know.")

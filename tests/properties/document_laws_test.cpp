@@ -115,23 +115,33 @@ TEST(DocumentLaws, QpdfFindsNothingWrong)
         documents / 5);
 }
 
+/// What a comparison finds between the contents of a document and their clones in another one.
+std::string DifferencesOfClones(const PlannedDocument& plan)
+{
+    const auto document = MakeDocument(plan);
+    const auto target = OrvDoc::Document::CreateNew();
+    std::string text;
+    for (auto page = document->GetPagesBegin(); page != document->GetPagesEnd(); ++page) {
+        OrvDoc::Content& clone = target->AddPage(page->GetPageBox(OrvDoc::PageBox::Media)).GetContent();
+        OrvDoc::CloneStrategy strategy(*target, OrvDoc::CloneStrategy::CloneFlags::Full);
+        OrvDoc::CloneContent(page->GetContent(), clone, strategy);
+        clone.SetBlendColorSpace(page->GetContent().GetBlendColorSpace());
+        clone.SetTransferFunctionSet(page->GetContent().GetTransferFunctionSet());
+        text += Lines(CompareLines<OrvDoc::Content>(page->GetContent(), clone));
+    }
+    return text;
+}
+
 TEST(DocumentLaws, AClonedContentComparesEqualToItsSource)
+{
+    ExpectLaw(DifferencesOfClones, documents);
+}
+
+TEST(DocumentLaws, DocumentsOfOnePlanCompareEqual)
 {
     ExpectLaw(
         [](const PlannedDocument& plan) {
-            const auto document = MakeDocument(plan);
-            const auto target = OrvDoc::Document::CreateNew();
-            std::string text;
-            for (auto page = document->GetPagesBegin(); page != document->GetPagesEnd(); ++page) {
-                OrvDoc::Content& clone =
-                    target->AddPage(page->GetPageBox(OrvDoc::PageBox::Media)).GetContent();
-                OrvDoc::CloneStrategy strategy(*target, OrvDoc::CloneStrategy::CloneFlags::Full);
-                OrvDoc::CloneContent(page->GetContent(), clone, strategy);
-                clone.SetBlendColorSpace(page->GetContent().GetBlendColorSpace());
-                clone.SetTransferFunctionSet(page->GetContent().GetTransferFunctionSet());
-                text += Lines(CompareLines<OrvDoc::Content>(page->GetContent(), clone));
-            }
-            return text;
+            return Lines(CompareLines<OrvDoc::Document>(*MakeDocument(plan), *MakeDocument(plan)));
         },
         documents);
 }

@@ -44,6 +44,33 @@ double ShareOf(const PageImages& left, const PageImages& right, std::size_t page
     return ShareOfDifferentPixels(leftImage->second, rightImage->second, channelTolerance);
 }
 
+/// The text of each page, in order; none if the program cannot read the file.
+std::vector<std::string> ReadTexts(const std::string& file, const ProcessLimits& limits)
+{
+    const std::string text = RunProcess({"pdftotext", "-layout", file, "-"}, limits).output;
+    std::vector<std::string> pages;
+    for (std::size_t begin = 0, end = 0; (end = text.find('\f', begin)) != std::string::npos; begin = end + 1)
+        pages.push_back(text.substr(begin, end - begin));
+    return pages;
+}
+
+void CompareTexts(const std::string& original, const std::string& rewritten, const ProcessLimits& limits,
+                  AppearanceOutcome& outcome)
+{
+    const std::vector<std::string> before = ReadTexts(original, limits);
+    if (before.empty())
+        return;
+    std::vector<std::string> after = ReadTexts(rewritten, limits);
+    after.resize(std::max(after.size(), before.size()));
+    for (std::size_t index = 0; index < before.size(); ++index) {
+        if (outcome.lossyPages.count(index + 1) != 0)
+            continue;
+        outcome.pagesWithText += before[index].empty() ? 0 : 1;
+        if (after[index] != before[index])
+            outcome.pagesOfOtherText.insert(index + 1);
+    }
+}
+
 AppearanceOutcome LookAt(const std::string& folder, const std::string& file, const ProcessLimits& limits)
 {
     // A process that is stopped leaves its temporary files behind; they go with this folder.
@@ -63,12 +90,14 @@ AppearanceOutcome LookAt(const std::string& folder, const std::string& file, con
     if (outcome.lossyPages.size() >= pages)
         return outcome;
 
+    CompareTexts(original, rewritten, limits, outcome);
     const PageImages before = RenderPages(original, limits);
     const PageImages after = RenderPages(rewritten, limits);
     for (std::size_t page = 1; page <= pages; ++page) {
         if (outcome.lossyPages.count(page) != 0)
             continue;
-        if (before.count(page) == 0 && after.count(page) == 0)
+        // A file that the renderer cannot open has no page to compare with.
+        if (before.empty() || (before.count(page) == 0 && after.count(page) == 0))
             outcome.pagesNotShown.insert(page);
         else
             outcome.shares[page] = ShareOf(before, after, page);
@@ -112,13 +141,15 @@ std::vector<AppearanceOutcome> CompareAppearances(const std::string& folder, con
 
 void WriteTable(std::ostream& stream, const std::vector<AppearanceOutcome>& outcomes)
 {
-    std::vector<std::vector<std::string>> rows{
-        {"file", "verdict", "pages compared", "pages not modelled", "pages not shown", "worst share %"}};
+    std::vector<std::vector<std::string>> rows{{"file", "verdict", "pages compared", "pages not modelled",
+                                                "pages not shown", "worst share %", "pages with text",
+                                                "of other text"}};
     for (const AppearanceOutcome& outcome : outcomes) {
-        rows.push_back({outcome.file, Verdict(outcome), std::to_string(outcome.shares.size()),
-                        std::to_string(outcome.lossyPages.size()),
-                        std::to_string(outcome.pagesNotShown.size()),
-                        outcome.shares.empty() ? "-" : Percent(outcome.GetWorstShare())});
+        rows.push_back(
+            {outcome.file, Verdict(outcome), std::to_string(outcome.shares.size()),
+             std::to_string(outcome.lossyPages.size()), std::to_string(outcome.pagesNotShown.size()),
+             outcome.shares.empty() ? "-" : Percent(outcome.GetWorstShare()),
+             std::to_string(outcome.pagesWithText), std::to_string(outcome.pagesOfOtherText.size())});
     }
     WriteTabbed(stream, rows);
 }

@@ -21,11 +21,16 @@ struct AppearanceOutcome
     bool isSaved = false;
     /// Pages that hold something that the model does not, so that writing them anew has to lose it.
     std::set<std::size_t> lossyPages;
-    /// Pages that the renderer shows neither of the file nor of its rewritten form.
+    /// Pages that the renderer shows neither of the file nor of its rewritten form, and all pages of a file
+    /// that it cannot open.
     std::set<std::size_t> pagesNotShown;
     /// The share of pixels that differ, of the pages that were compared. A page that is shown of one of the
     /// two files only has the share one.
     std::map<std::size_t, double> shares;
+    /// The pages without loss of which `pdftotext -layout` reads another text than before, in order.
+    std::set<std::size_t> pagesOfOtherText;
+    /// The pages that it reads any text of, of those without loss.
+    std::size_t pagesWithText = 0;
 
     /// The largest share; zero if no page was compared.
     double GetWorstShare() const;

@@ -1,5 +1,7 @@
 #include "paint_scene.h"
 
+#include "support/text_makers.h"
+
 #include <orv_doc/halftone_set.h>
 
 #include <string>
@@ -26,6 +28,7 @@ Scene::Scene()
       path(Filled(Flat(Tints({{"Cyan", 0.5f}})))),
       clip(Square("clip")),
       group(ImplicitGroup()),
+      text(TextOf("AB")),
       mask(MaskOf(*document, Filled(FormOf(*document, Square("in the mask")).Get()))
                .SetBackdropColor(Tints({{"Black", 1.0f}}))),
       axial(AxialShadingOf(Components({{"Cyan", 0}, {"Spot", 1}}), Ramp({0.0f, 0.5f}, {1.0f, 0.25f}))
@@ -57,6 +60,7 @@ OrvDoc::Document& Scene::Assemble()
     Place(*stage, std::move(path));
     Place(*stage, With(UserGroup(), std::move(clip)));
     Place(*stage, With(std::move(group), Square("in the group")));
+    Place(*stage, With(std::make_unique<OrvDoc::TextGroup>(), std::move(text)));
     if (isMasked)
         transparency.softMask = mask.Get();
     auto blended = Square("blended");

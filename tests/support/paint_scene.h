@@ -4,6 +4,7 @@
 
 #include <orv_blend/transparency.h>
 #include <orv_doc/group.h>
+#include <orv_doc/text.h>
 
 #include <memory>
 
@@ -29,6 +30,8 @@ struct Scene
     std::unique_ptr<OrvDoc::Path> path;   ///< Filled, stroked, with a halftone.
     std::unique_ptr<OrvDoc::Path> clip;   ///< Alone in its group; clips if it is asked to.
     std::unique_ptr<OrvDoc::Group> group; ///< Unnamed and blended, so never looked through.
+
+    std::unique_ptr<OrvDoc::Text> text; ///< Two characters, six points apart.
 
     OrvBlend::Transparency transparency; ///< Of an object of its own, with the mask.
     bool isBlended = true;

@@ -4,6 +4,7 @@
 #include "support/random_objects.h"
 #include "support/random_paints.h"
 #include "support/random_states.h"
+#include "support/random_texts.h"
 
 #include <harrow_support/content_generator.h>
 
@@ -45,6 +46,9 @@ std::vector<PlannedObject> PlanObjects(Random& random, int depth)
     for (PlannedObject& object : objects) {
         object.kind = random() % 3 != 0 ? PlannedKind::Path : static_cast<PlannedKind>(random() % 11 % 10);
         object.seed = static_cast<std::uint32_t>(random());
+        if (object.seed % 4 == 0) {
+            object.kind = PlannedKind::Text;
+        }
         if (CanHaveChildren(object.kind) && depth < 5) {
             object.children = PlanObjects(random, depth + 1);
         }
@@ -143,9 +147,10 @@ void AddPaints(OrvDoc::ContentObject& object, Random& random, Material& material
     const auto fill = [&material](OrvDoc::Content& content, Random& inner) {
         FillPaint(content, inner, material);
     };
-    auto* const path = dynamic_cast<OrvDoc::Path*>(&object);
-    if (path && !(path->GetFillPaint() && path->GetFillPaint()->GetType() == OrvPaint::Paint::Type::Form)) {
-        material.paints.SetSomePatterns(*path, random, fill);
+    auto* const painted = dynamic_cast<OrvDoc::Strokable*>(&object);
+    if (painted &&
+        !(painted->GetFillPaint() && painted->GetFillPaint()->GetType() == OrvPaint::Paint::Type::Form)) {
+        material.paints.SetSomePatterns(*painted, random, fill);
     }
     if (auto* const blendable = dynamic_cast<OrvDoc::Blendable*>(&object)) {
         material.paints.SetSomeMask(*blendable, random, fill);
@@ -164,6 +169,13 @@ void AddObjects(ContentGenerator& generator, const std::vector<PlannedObject>& p
             generator.BeginLayer(RandomName(random));
             AddObjects(generator, plan.children, material);
             generator.EndLayer();
+        } else if (plan.kind == PlannedKind::Text) {
+            auto group = RandomTextGroup(material.document, random);
+            AddPaints(*group, random, material);
+            for (OrvDoc::ContentObject* text = group->children.first; text; text = text->next) {
+                AddPaints(*text, random, material);
+            }
+            generator.Add(std::move(group));
         } else if (CanHaveChildren(plan.kind)) {
             auto group = MakeGroup(plan.kind, random, material.layers);
             AddPaints(*group, random, material);
@@ -249,7 +261,7 @@ std::unique_ptr<OrvDoc::Document> MakeDocument(const PlannedDocument& plan)
     Random random(plan.seed);
     MakeLayers(*document, random);
     // Those that the objects make for themselves are not among them.
-    Material material{*document, document->GetLayers().GetAllLayers(), {}, RandomPaints(*document)};
+    Material material{*document, document->GetLayers().GetAllLayers(), {}, RandomPaints(*document), 0};
     MakeSeparations(*document, random);
     MakeOutputIntent(*document, random);
     for (const PlannedPage& pagePlan : plan.pages) {

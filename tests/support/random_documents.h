@@ -26,6 +26,8 @@ enum class PlannedKind
     MarkedPoint,
     /// Its children are the content of the form. Some show a form again that was made before.
     Form,
+    /// A text group with some texts.
+    Text,
 };
 
 /// An object of a random document. Everything about it but its kind and its children follows from its own

@@ -325,9 +325,23 @@ std::shared_ptr<const OrvPaint::FlatPaint> RandomPaint(Random& random)
         .Get();
 }
 
+void SetRandomPainting(OrvDoc::Strokable& object, Random& random)
+{
+    if (random() % 3 != 0) {
+        object.SetFillPaint(RandomPaintOfAnyKind(random));
+    }
+    if (random() % 3 == 0) {
+        object.SetStrokePaint(RandomPaintOfAnyKind(random));
+        object.SetStrokeProperties(RandomStroke(random));
+    }
+    SetRandomBlending(object, random);
+    SetRandomHalftones(object, random);
+}
+
 bool CanHaveChildren(PlannedKind kind)
 {
-    return kind != PlannedKind::Path && kind != PlannedKind::ClippingPath && kind != PlannedKind::MarkedPoint;
+    return kind != PlannedKind::Path && kind != PlannedKind::ClippingPath &&
+           kind != PlannedKind::MarkedPoint && kind != PlannedKind::Text;
 }
 
 std::unique_ptr<OrvDoc::Group> MakeGroup(PlannedKind kind, Random& random,
@@ -366,15 +380,7 @@ std::unique_ptr<OrvDoc::ContentObject> MakeLeaf(PlannedKind kind, Random& random
         return point;
     }
     auto path = RandomPath(random);
-    if (random() % 3 != 0) {
-        path->SetFillPaint(RandomPaintOfAnyKind(random));
-    }
-    if (random() % 3 == 0) {
-        path->SetStrokePaint(RandomPaintOfAnyKind(random));
-        path->SetStrokeProperties(RandomStroke(random));
-    }
-    SetRandomBlending(*path, random);
-    SetRandomHalftones(*path, random);
+    SetRandomPainting(*path, random);
     return path;
 }
 

@@ -8,6 +8,7 @@
 #include <orv_doc/content_object.h>
 #include <orv_doc/group.h>
 #include <orv_doc/layer_properties.h>
+#include <orv_doc/strokable.h>
 #include <orv_paint/flat_paint.h>
 
 #include <plexa/rectangle.h>
@@ -38,6 +39,9 @@ std::shared_ptr<const OrvPaint::FlatPaint> RandomPaint(std::mt19937& random);
 
 /// Whether an object of this kind is a group that MakeGroup makes.
 bool CanHaveChildren(PlannedKind kind);
+
+/// Gives an object paints and stroke, blending and halftones; some without a paint.
+void SetRandomPainting(OrvDoc::Strokable& object, std::mt19937& random);
 
 /// A group without children as yet. `layers` are those that it may stand for.
 std::unique_ptr<OrvDoc::Group> MakeGroup(PlannedKind kind, std::mt19937& random,

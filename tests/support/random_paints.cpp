@@ -116,13 +116,13 @@ std::shared_ptr<const SoftMask> RandomPaints::NextMask(Random& random, const Fil
     return masks.back();
 }
 
-void RandomPaints::SetSomePatterns(OrvDoc::Path& path, Random& random, const FillContent& fill)
+void RandomPaints::SetSomePatterns(OrvDoc::Strokable& object, Random& random, const FillContent& fill)
 {
-    if (path.GetFillPaint() && random() % 8 == 0) {
-        path.SetFillPaint(NextPattern(random, fill));
+    if (object.GetFillPaint() && random() % 8 == 0) {
+        object.SetFillPaint(NextPattern(random, fill));
     }
-    if (path.GetStrokePaint() && random() % 8 == 0) {
-        path.SetStrokePaint(NextPattern(random, fill));
+    if (object.GetStrokePaint() && random() % 8 == 0) {
+        object.SetStrokePaint(NextPattern(random, fill));
     }
 }
 

@@ -8,7 +8,7 @@
 #include <orv_blend/soft_mask.h>
 #include <orv_doc/blendable.h>
 #include <orv_doc/content.h>
-#include <orv_doc/path.h>
+#include <orv_doc/strokable.h>
 #include <orv_paint/pattern_paint.h>
 
 namespace HarrowSupport::Testing
@@ -32,8 +32,8 @@ public:
     /// mask.
     std::shared_ptr<const OrvBlend::SoftMask> NextMask(std::mt19937& random, const FillContent& fill);
 
-    /// Gives some paths patterns.
-    void SetSomePatterns(OrvDoc::Path& path, std::mt19937& random, const FillContent& fill);
+    /// Gives some objects patterns in the place of the paints that they have.
+    void SetSomePatterns(OrvDoc::Strokable& object, std::mt19937& random, const FillContent& fill);
     /// Gives some objects a mask.
     void SetSomeMask(OrvDoc::Blendable& object, std::mt19937& random, const FillContent& fill);
 

@@ -140,10 +140,10 @@ boost::optional<OrvDoc::TransferFunctionSet> RandomTransferFunctions(Random& ran
     return OrvDoc::TransferFunctionSet(std::move(byDefault), std::move(named));
 }
 
-void SetRandomHalftones(OrvDoc::Path& path, Random& random)
+void SetRandomHalftones(OrvDoc::Fillable& object, Random& random)
 {
     if (random() % 6 == 0) {
-        path.SetHalftoneSet(RandomHalftones(random));
+        object.SetHalftoneSet(RandomHalftones(random));
     }
 }
 

@@ -5,7 +5,7 @@
 
 #include <boost/optional.hpp>
 
-#include <orv_doc/path.h>
+#include <orv_doc/fillable.h>
 #include <orv_doc/transfer_function_set.h>
 
 /// Random values of what a content or an object has of the graphics state beside its colours.
@@ -16,7 +16,7 @@ namespace HarrowSupport::Testing
 boost::optional<OrvDoc::TransferFunctionSet> RandomTransferFunctions(std::mt19937& random);
 /// Gives some objects a transparency.
 void SetRandomBlending(OrvDoc::Blendable& object, std::mt19937& random);
-/// Gives some paths halftones.
-void SetRandomHalftones(OrvDoc::Path& path, std::mt19937& random);
+/// Gives some objects halftones.
+void SetRandomHalftones(OrvDoc::Fillable& object, std::mt19937& random);
 
 } // namespace HarrowSupport::Testing

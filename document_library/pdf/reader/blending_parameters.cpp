@@ -112,9 +112,9 @@ void Interpreter::SetSoftMask(std::shared_ptr<const OrvBlend::SoftMask> mask)
     state.blending.transparency = nullptr;
 }
 
-void Interpreter::SetBlending(OrvDoc::Blendable& object, const ObjectAttributes& attributes)
+void Interpreter::SetBlending(OrvDoc::Blendable& object, const ObjectAttributes& attributes,
+                              BlendSetting& setting)
 {
-    BlendSetting& setting = state.blending;
     MarkUsed(Inherited::blending);
     if (attributes.isolated || attributes.knockout || attributes.blended) {
         OrvBlend::Transparency value = setting.value;

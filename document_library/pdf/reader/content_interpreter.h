@@ -45,6 +45,8 @@ struct Interpretation
     std::vector<ByteRange> damaged;
     /// The parameters of the state that the content began with that its objects depend on.
     std::uint32_t usedParameters = 0;
+    /// What a glyph without a colour of its own says that it paints; initial for others.
+    Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> glyphBox;
     /// The contents inside of this one that have something to tell, each once, in order of their first use.
     std::vector<std::shared_ptr<const NestedReading>> nested;
 };
@@ -60,6 +62,8 @@ struct ContentFrame
     /// From the coordinates of the container that the objects are for to those of the content, where the two
     /// differ. The stream begins with a `cm` of it, which leads into the container.
     Plexa::TransformationBase<Plexa::MilliPointCoordinateSystem> base;
+    /// The content is a glyph of a Type 3 font (ISO 32000-1, 9.6.5).
+    bool isGlyph = false;
 };
 
 /// Interprets a decoded content stream into the empty content (ISO 32000-1, 7.8.2 and 8). Throws nothing for

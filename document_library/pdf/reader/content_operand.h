@@ -43,6 +43,9 @@ public:
     /// A length in points as milli-points: the number with its decimal exponent raised by three.
     double AsMilliPoints() const { return Scaled(3); }
 
+    /// A hundredth of the number, rounded once: 95 per cent is exactly the double next to 0.95.
+    double AsHundredths() const { return Scaled(-2); }
+
     /// The number rounded to float directly, not by way of double.
     float AsFloat() const
     {

@@ -7,6 +7,7 @@
 
 #include <orv_color/color_space.h>
 #include <orv_doc/layer.h>
+#include <orv_font/font.h>
 #include <orv_sys/pdf_object.h>
 
 #include "pdf/reader/nested_content.h"
@@ -65,6 +66,26 @@ public:
     virtual std::shared_ptr<const Pattern> FindPattern(const std::string& name, std::string& problem) = 0;
     virtual std::shared_ptr<const ShadingResource> FindShading(const std::string& name,
                                                                std::string& problem) = 0;
+
+    /// A font (9.5). One that can't be had as the file means it is replaced, and the problem says by which.
+    virtual std::shared_ptr<const OrvFont::Font> FindFont(const std::string& name, std::string& problem) = 0;
+
+    /// A font with its size.
+    struct SizedFont
+    {
+        std::shared_ptr<const OrvFont::Font> font;
+        double size = 0.0;
+    };
+
+    /// That of a graphics state parameter dictionary; null if it has none.
+    virtual SizedFont FindFontOfState(const std::string& state, std::string& problem) = 0;
+    /// Whether the glyphs of a font that was found here are contents.
+    virtual bool HasGlyphContents(const OrvFont::Font& font) = 0;
+    /// Such a glyph, the same one for one character. Null if the font has none for it, and then nothing is
+    /// painted, or if `problem` says why it can't be had.
+    virtual std::shared_ptr<FormDefinition> FindGlyph(const std::shared_ptr<const OrvFont::Font>& font,
+                                                      const OrvFont::Character& character,
+                                                      std::string& problem) = 0;
 
     virtual boost::optional<PropertyList> FindPropertyList(const std::string& name, std::string& problem) = 0;
 

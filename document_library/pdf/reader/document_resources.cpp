@@ -6,12 +6,13 @@
 #include "pdf/marked_content_tags.h"
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/reader/shading_resource.h"
+#include "pdf/reader/type3_font.h"
 
 namespace OrvPdf
 {
 
 DocumentResources::DocumentResources(std::shared_ptr<const SourceFile> givenFile)
-    : file(std::move(givenFile)), converter(*file)
+    : file(std::move(givenFile)), converter(*file), fonts(file)
 {}
 
 OrvColor::ColorSpace::Pointer DocumentResources::GetColorSpace(QPDFObjectHandle definition,
@@ -68,6 +69,24 @@ std::shared_ptr<PdfForm> DocumentResources::GetForm(QPDFObjectHandle stream, QPD
         form = std::make_shared<PdfForm>(*this, stream, around, hasSame ? GetForm(other, around) : nullptr);
     }
     return form;
+}
+
+std::shared_ptr<PdfGlyph> DocumentResources::GetGlyph(const std::shared_ptr<const OrvFont::Font>& font,
+                                                      const OrvFont::Character& character,
+                                                      QPDFObjectHandle around)
+{
+    const auto* const type3 = dynamic_cast<const Type3Font*>(&font->GetSource());
+    if (!type3) {
+        return nullptr;
+    }
+    const auto [place, isNew] = glyphs.emplace(std::make_pair(font, character.code), nullptr);
+    if (isNew) {
+        QPDFObjectHandle procedure = type3->GetGlyphProcedure(character.code);
+        if (procedure.isStream()) {
+            place->second = std::make_shared<PdfGlyph>(*this, procedure, around, font, *type3, character);
+        }
+    }
+    return place->second;
 }
 
 std::shared_ptr<PdfTiling> DocumentResources::GetTiling(QPDFObjectHandle stream, QPDFObjectHandle around)

@@ -13,7 +13,9 @@
 
 #include <orv_color/color_space.h>
 
+#include "pdf/reader/font_reader.h"
 #include "pdf/reader/form_reader.h"
+#include "pdf/reader/glyph_reader.h"
 #include "pdf/reader/mask_reader.h"
 #include "pdf/reader/object_conversion.h"
 #include "pdf/reader/source_file.h"
@@ -39,6 +41,7 @@ public:
 
     const SourceFile& GetFile() const { return *file; }
     ObjectConverter& GetConverter() { return converter; }
+    FontReader& GetFonts() { return fonts; }
 
     /// The colour space of a definition; equal definitions give the same object. Null, with the reason in
     /// `problem`, if it is malformed.
@@ -55,6 +58,9 @@ public:
     std::shared_ptr<PdfTiling> GetTiling(QPDFObjectHandle stream, QPDFObjectHandle around);
     /// The soft mask of a dictionary with a form; the same one for one object.
     std::shared_ptr<PdfMask> GetMask(QPDFObjectHandle dictionary, QPDFObjectHandle around);
+    /// The glyph of a Type 3 font of the document; null if the font has none for the character.
+    std::shared_ptr<PdfGlyph> GetGlyph(const std::shared_ptr<const OrvFont::Font>& font,
+                                       const OrvFont::Character& character, QPDFObjectHandle around);
     NestedContentLock& GetNestedContents() { return nestedContents; }
 
     /// The shading of a definition in the colour space that its `ColorSpace` means where it is used. `owner`
@@ -86,6 +92,7 @@ private:
 
     std::shared_ptr<const SourceFile> file;
     ObjectConverter converter;
+    FontReader fonts;
     std::map<QPDFObjGen, KnownSpace> spacesByObject;
     std::unordered_map<std::uint64_t, std::vector<OrvColor::ColorSpace::Pointer>> spacesByDigest;
     std::map<std::pair<QPDFObjGen, OrvColor::ColorSpace::Pointer>, KnownShading> shadings;
@@ -93,6 +100,8 @@ private:
     OrvDoc::Document* document = nullptr;
     std::map<QPDFObjGen, std::shared_ptr<PdfForm>> forms;
     std::map<QPDFObjGen, std::shared_ptr<PdfTiling>> tilings;
+    std::map<std::pair<std::shared_ptr<const OrvFont::Font>, std::uint32_t>, std::shared_ptr<PdfGlyph>>
+        glyphs;
     std::map<QPDFObjGen, std::shared_ptr<PdfMask>> masks;
     std::map<QPDFObjGen, std::shared_ptr<MaskDrawing>> maskDrawings;
     NestedContentLock nestedContents;

@@ -46,6 +46,10 @@ PdfForm::PdfForm(DocumentResources& givenDocument, QPDFObjectHandle givenStream,
     base = ReadMatrix(GetEntry(givenStream, Tags::baseKey), "OrvBase", problems);
 }
 
+PdfForm::PdfForm(DocumentResources& givenDocument, NestedStream givenStream)
+    : document(givenDocument), stream(std::move(givenStream))
+{}
+
 // A mask from around stands where it is; what moves is the form that sees it.
 GraphicsState PdfForm::Begin(const GraphicsState& state, const Matrix& matrix)
 {
@@ -148,9 +152,7 @@ std::shared_ptr<const FormUse> PdfForm::MakeUse(NestedStream::Reading& reading, 
     use->isKnockout = isKnockout;
     use->usedParameters = interpretation.usedParameters;
 
-    auto source = stream.MakeSource(reading);
-    source->isSelfContained = source->isSelfContained && !reading.dependsOnResourcesAround && !layer &&
-                              FindPeculiar(state, interpretation.usedParameters) == 0;
+    std::unique_ptr<NestedSource> source = MakeSource(reading, state);
     use->isLossy = interpretation.hasUnmodelled && !source->isSelfContained;
     source->user = use->paint;
     source->isGroup = isGroup;
@@ -162,6 +164,23 @@ std::shared_ptr<const FormUse> PdfForm::MakeUse(NestedStream::Reading& reading, 
     return use;
 }
 
+std::unique_ptr<NestedSource> PdfForm::MakeSource(const NestedStream::Reading& reading,
+                                                  const GraphicsState& state) const
+{
+    auto source = std::make_unique<NestedSource>();
+    stream.Describe(reading, *source);
+    source->isSelfContained = source->isSelfContained && !reading.dependsOnResourcesAround && !layer &&
+                              FindPeculiar(state, reading.interpretation.usedParameters) == 0;
+    return source;
+}
+
+void PdfForm::SetPlace(OrvPaint::FormPaint::Factory& factory, const NestedStream::Reading&,
+                       std::vector<std::string>& problems)
+{
+    factory.SetFormTransformation(ReadMatrix(GetEntry(stream.GetStream(), "/Matrix"), "Matrix", problems))
+        .SetFormBBox(ReadRectangle(GetEntry(stream.GetStream(), "/BBox"), "BBox", problems));
+}
+
 std::shared_ptr<const OrvPaint::FormPaint> PdfForm::MakePaint(NestedStream::Reading& reading)
 {
     const SourceFile::Access access(document.GetFile());
@@ -171,8 +190,7 @@ std::shared_ptr<const OrvPaint::FormPaint> PdfForm::MakePaint(NestedStream::Read
         problems.push_back("OC is left out: " + layerProblem);
     }
     OrvPaint::FormPaint::Factory factory(reading.content);
-    factory.SetFormTransformation(ReadMatrix(GetEntry(handle, "/Matrix"), "Matrix", problems))
-        .SetFormBBox(ReadRectangle(GetEntry(handle, "/BBox"), "BBox", problems));
+    SetPlace(factory, reading, problems);
     ReadFormProperties(handle, document, factory, problems);
     reading.errors.Add(std::move(problems));
     return factory.Get();

@@ -6,11 +6,15 @@
 #include <utility>
 #include <vector>
 
+#include <orv_paint/form_paint.h>
+
 #include "pdf/reader/matrix_key.h"
 #include "pdf/reader/nested_stream.h"
 
 namespace OrvPdf
 {
+
+class NestedSource;
 
 /// A form XObject of a file (ISO 32000-1, 8.10). Its content is read when somebody paints it.
 class PdfForm : public FormDefinition
@@ -20,11 +24,26 @@ public:
     /// content this one has too; null for its own. Needs an access to the file.
     PdfForm(DocumentResources& givenDocument, QPDFObjectHandle givenStream, QPDFObjectHandle around,
             std::shared_ptr<PdfForm> givenSame);
+    virtual ~PdfForm() = default;
+    PdfForm(const PdfForm&) = delete;
+    PdfForm& operator=(const PdfForm&) = delete;
 
     std::shared_ptr<const FormUse> Use(const GraphicsState& state, const Matrix& matrix,
                                        std::string& problem) override;
     GroupUse TakeGroup(const GraphicsState& state, const Matrix& around) override;
     std::shared_ptr<const OrvDoc::Layer::Membership> GetLayer() const override { return layer; }
+
+protected:
+    /// A content that is painted like a form.
+    PdfForm(DocumentResources& givenDocument, NestedStream givenStream);
+
+    const NestedStream& GetStream() const { return stream; }
+    /// Where the content that was read under that state comes from.
+    virtual std::unique_ptr<NestedSource> MakeSource(const NestedStream::Reading& reading,
+                                                     const GraphicsState& state) const;
+    /// Sets matrix and box. Called under an access to the file.
+    virtual void SetPlace(OrvPaint::FormPaint::Factory& factory, const NestedStream::Reading& reading,
+                          std::vector<std::string>& problems);
 
 private:
     /// What a content depends on, and what it became there.

@@ -8,6 +8,7 @@
 #include <orv_color/color_space.h>
 #include <orv_doc/halftone_set.h>
 #include <orv_doc/stroke_properties.h>
+#include <orv_font/font.h>
 #include <orv_paint/paint.h>
 
 #include "pdf/reader/content_resources.h"
@@ -51,6 +52,22 @@ struct BlendSetting
     std::shared_ptr<const OrvBlend::Transparency> transparency;
 };
 
+/// The parameters of text (ISO 32000-1, 9.3), lengths in points.
+struct TextSetting
+{
+    /// Null until one is set.
+    std::shared_ptr<const OrvFont::Font> font;
+    double size = 0.0;
+    double characterSpacing = 0.0;
+    double wordSpacing = 0.0;
+    /// One hundredth of the operand of `Tz`.
+    double scale = 1.0;
+    double leading = 0.0;
+    double rise = 0.0;
+    /// 0 to 7.
+    int mode = 0;
+};
+
 /// The part of the graphics state (ISO 32000-1, 8.4) that the model knows. Cheap to copy, for `q`.
 struct GraphicsState
 {
@@ -69,10 +86,7 @@ struct GraphicsState
     std::shared_ptr<const OrvDoc::StrokeProperties> strokeProperties;
     /// What still is as it was where the form is painted whose content this is: bits of `Inherited`.
     std::uint32_t inherited = 0;
-    /// The parameters of text, bits of `Inherited`, that are not what they are at the start of a page.
-    std::uint32_t changedText = 0;
-    /// Whether the text rendering mode has the outlines of characters stroked.
-    bool strokesText = false;
+    TextSetting text;
 };
 
 } // namespace OrvPdf

@@ -1,5 +1,7 @@
 #include "pdf/reader/group_recipe.h"
 
+#include <plexa/geometry.h>
+
 #include <orv_doc/path.h>
 #include <orv_doc/text_group.h>
 
@@ -19,20 +21,50 @@ std::uint64_t CountOperands(const OrvDoc::LogicalLayerExpression& expression)
     return count;
 }
 
-} // namespace
-
-std::unique_ptr<OrvDoc::ContentObject> MakeClippingPath(std::shared_ptr<const Plexa::Compound> compound,
-                                                        const Matrix& transformation, const std::string& name)
+std::unique_ptr<OrvDoc::ContentObject> MakeClippingPath(const GroupRecipe& recipe)
 {
-    auto path = std::make_unique<OrvDoc::Path>(std::move(compound));
-    if (!name.empty()) {
-        path->SetName(name);
+    auto path = std::make_unique<OrvDoc::Path>(recipe.clip);
+    if (!recipe.clipName.empty()) {
+        path->SetName(recipe.clipName);
     }
-    if (!Plexa::IsIdentity(transformation)) {
-        path->SetTransformation(transformation);
+    if (!Plexa::IsIdentity(recipe.clipTransformation)) {
+        path->SetTransformation(recipe.clipTransformation);
     }
     path->SetClippingObject(true);
     return path;
+}
+
+std::unique_ptr<OrvDoc::Text> CopyClipText(const OrvDoc::Text& text, const Matrix& further)
+{
+    auto copy = std::make_unique<OrvDoc::Text>(text.GetFont(), text.GetSize(), *text.GetShownText());
+    copy->SetCharSpacing(text.GetCharSpacing());
+    copy->SetWordSpacing(text.GetWordSpacing());
+    copy->SetTextTransformation(text.GetTextTransformation());
+    if (!text.GetName().empty()) {
+        copy->SetName(text.GetName());
+    }
+    const Matrix transformation = Plexa::Concatenate(text.GetTransformation(), further);
+    if (!Plexa::IsIdentity(transformation)) {
+        copy->SetTransformation(transformation);
+    }
+    return copy;
+}
+
+std::unique_ptr<OrvDoc::ContentObject> MakeClippingTexts(const GroupRecipe& recipe)
+{
+    auto group = std::make_unique<OrvDoc::TextGroup>();
+    for (const auto& text : *recipe.clipTexts) {
+        group->AddOnTop(CopyClipText(*text, recipe.clipTransformation).release());
+    }
+    group->SetClippingObject(true);
+    return group;
+}
+
+} // namespace
+
+std::unique_ptr<OrvDoc::ContentObject> MakeClip(const GroupRecipe& recipe)
+{
+    return recipe.clipTexts ? MakeClippingTexts(recipe) : MakeClippingPath(recipe);
 }
 
 void ApplyAttributes(const GroupRecipe& recipe, OrvDoc::Group& group)
@@ -79,7 +111,8 @@ std::uint64_t GetWeight(const GroupRecipe& recipe)
     constexpr std::uint64_t operandsPerObject = 8;
     const auto* const expression =
         recipe.membership ? boost::get<OrvDoc::LogicalLayerExpression>(recipe.membership.get()) : nullptr;
-    return 1 + (expression ? CountOperands(*expression) / operandsPerObject : 0);
+    const std::uint64_t clips = recipe.clipTexts ? 1 + recipe.clipTexts->size() : recipe.clip ? 1 : 0;
+    return 1 + clips + (expression ? CountOperands(*expression) / operandsPerObject : 0);
 }
 
 } // namespace OrvPdf

@@ -3,10 +3,12 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <orv_doc/group.h>
 #include <orv_doc/layer.h>
 #include <orv_doc/marked_content.h>
+#include <orv_doc/text.h>
 #include <plexa/compound.h>
 #include <plexa/transformation.h>
 
@@ -29,8 +31,13 @@ struct GroupRecipe
     std::shared_ptr<const OrvDoc::MarkedContent> markedContent;
     /// Shape of the clipping path that the group begins with; null for none.
     std::shared_ptr<const Plexa::Compound> clip;
+    /// Texts that the group begins with a clipping text group of, instead; null for none.
+    std::shared_ptr<const std::vector<std::unique_ptr<OrvDoc::Text>>> clipTexts;
+    /// Where the clip is placed further.
     Matrix clipTransformation;
     std::string clipName;
+
+    bool HasClip() const { return clip || clipTexts; }
     std::string name;
     std::uint32_t flags = static_cast<std::uint32_t>(OrvDoc::Group::Flags::Default);
     Matrix transformation;
@@ -43,10 +50,8 @@ std::unique_ptr<OrvDoc::Group> MakeGroup(const GroupRecipe& recipe);
 /// logical expression, which a file can name as often as it likes.
 std::uint64_t GetWeight(const GroupRecipe& recipe);
 
-/// A path that clips its container.
-std::unique_ptr<OrvDoc::ContentObject> MakeClippingPath(std::shared_ptr<const Plexa::Compound> compound,
-                                                        const Matrix& transformation,
-                                                        const std::string& name);
+/// The path or the text group that a recipe tells of, which clips its container. The recipe must have one.
+std::unique_ptr<OrvDoc::ContentObject> MakeClip(const GroupRecipe& recipe);
 
 /// What a recipe says about a group beside its kind: name, flags, transformation, clipping role.
 void ApplyAttributes(const GroupRecipe& recipe, OrvDoc::Group& group);

@@ -38,6 +38,18 @@ bool AgreeInStroke(const OrvDoc::StrokeProperties& left, const OrvDoc::StrokePro
              (left.dashArray != right.dashArray || left.dashPhase != right.dashPhase));
 }
 
+bool AgreeInText(const TextSetting& left, const TextSetting& right, std::uint32_t parameters)
+{
+    const auto asks = [parameters](std::uint32_t bit) { return (parameters & bit) != 0; };
+    return !(asks(Inherited::textFont) && (left.font != right.font || left.size != right.size)) &&
+           !(asks(Inherited::characterSpacing) && left.characterSpacing != right.characterSpacing) &&
+           !(asks(Inherited::wordSpacing) && left.wordSpacing != right.wordSpacing) &&
+           !(asks(Inherited::horizontalScaling) && left.scale != right.scale) &&
+           !(asks(Inherited::leading) && left.leading != right.leading) &&
+           !(asks(Inherited::textRise) && left.rise != right.rise) &&
+           !(asks(Inherited::textMode) && left.mode != right.mode);
+}
+
 } // namespace
 
 // Black in plain DeviceGray: a default colour space applies to colours that the content sets.
@@ -73,7 +85,7 @@ GraphicsState BeginForm(const GraphicsState& state, bool isTransparencyGroup)
 std::uint32_t FindPeculiar(const GraphicsState& state, std::uint32_t parameters)
 {
     static const GraphicsState initial = BeginPage();
-    std::uint32_t peculiar = parameters & state.changedText;
+    std::uint32_t peculiar = 0;
     for (std::uint32_t bit = 1; bit <= Inherited::all; bit <<= 1U) {
         if (!Agree(state, initial, parameters & bit)) {
             peculiar |= bit;
@@ -94,7 +106,8 @@ bool Agree(const GraphicsState& left, const GraphicsState& right, std::uint32_t 
            !(asks(Inherited::halftones) && !AreEqualValues(left.halftones, right.halftones)) &&
            !(asks(Inherited::transferFunctions) &&
              !AreEqualValues(left.transfer.functions, right.transfer.functions)) &&
-           AgreeInStroke(*left.strokeProperties, *right.strokeProperties, parameters);
+           AgreeInStroke(*left.strokeProperties, *right.strokeProperties, parameters) &&
+           AgreeInText(left.text, right.text, parameters);
 }
 
 } // namespace OrvPdf

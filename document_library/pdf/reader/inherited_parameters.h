@@ -24,10 +24,15 @@ constexpr std::uint32_t dash = 1U << 9;
 constexpr std::uint32_t blending = 1U << 10;
 constexpr std::uint32_t halftones = 1U << 11;
 constexpr std::uint32_t transferFunctions = 1U << 12;
-/// Of text; the model doesn't know their values.
-constexpr std::uint32_t textFont = 1U << 13;
-constexpr std::uint32_t textState = 1U << 14;
-constexpr std::uint32_t text = textFont | textState;
+constexpr std::uint32_t textFont = 1U << 13; // with the size
+constexpr std::uint32_t characterSpacing = 1U << 14;
+constexpr std::uint32_t wordSpacing = 1U << 15;
+constexpr std::uint32_t horizontalScaling = 1U << 16;
+constexpr std::uint32_t leading = 1U << 17;
+constexpr std::uint32_t textRise = 1U << 18;
+constexpr std::uint32_t textMode = 1U << 19;
+constexpr std::uint32_t text =
+    textFont | characterSpacing | wordSpacing | horizontalScaling | leading | textRise | textMode;
 
 constexpr std::uint32_t fill = fillColor | fillOverprint | overprintMode;
 constexpr std::uint32_t stroke =
@@ -49,8 +54,7 @@ GraphicsState BeginForm(const GraphicsState& state, bool isTransparencyGroup);
 /// stays as it stands in its file is painted where its parameters are.
 std::uint32_t FindPeculiar(const GraphicsState& state, std::uint32_t parameters);
 
-/// Whether two states agree in those parameters. Those of text are left out: what depends on them is not
-/// among the objects of a content.
+/// Whether two states agree in those parameters.
 bool Agree(const GraphicsState& left, const GraphicsState& right, std::uint32_t parameters);
 
 } // namespace OrvPdf

@@ -66,7 +66,8 @@ Interpreter::Interpreter(ContentResources& contentResources, const OrvDoc::ReadO
       box(frame.box),
       problems(readLimits.errors),
       tree(content, readLimits.contentObjects, maximumGroupCopies),
-      state(frame.initial ? *frame.initial : BeginPage())
+      state(frame.initial ? *frame.initial : BeginPage()),
+      isGlyph(frame.isGlyph)
 {
     if (!Plexa::IsIdentity(frame.base)) {
         bases.push_back({0, frame.base});
@@ -88,6 +89,7 @@ Interpretation Interpreter::Run(std::string_view stream)
     Finish(stream.size());
     Interpretation interpretation = problems.Finish();
     interpretation.usedParameters = usedParameters;
+    interpretation.glyphBox = glyphBox;
     interpretation.nested = std::move(nested);
     return interpretation;
 }
@@ -114,6 +116,10 @@ void Interpreter::TakeLexerDamages(const ContentLexer& lexer)
 void Interpreter::Finish(std::size_t streamSize)
 {
     const ByteRange end{streamSize, streamSize};
+    if (text.isOpen) {
+        problems.Odd({}, "a text object that is not ended", {}, end);
+        EndTextObject(end);
+    }
     for (const ByteRange& place : pathPlaces) {
         problems.Damaged({}, "a path that no operator paints or ends", {}, place);
     }

@@ -25,6 +25,7 @@
 #include "pdf/reader/problem_log.h"
 #include "pdf/reader/resource_cache.h"
 #include "pdf/reader/scope_tree.h"
+#include "pdf/reader/text_object.h"
 #include "pdf/reader/transparency_cache.h"
 
 namespace OrvDoc
@@ -117,6 +118,29 @@ public:
     // Shadings (8.7.4.2).
     void PaintShading(const Arguments& arguments);
 
+    // Text state, text objects, positions, showing (9.3, 9.4).
+    void SetCharacterSpacing(const Arguments& arguments);
+    void SetWordSpacing(const Arguments& arguments);
+    void SetHorizontalScaling(const Arguments& arguments);
+    void SetLeading(const Arguments& arguments);
+    void SetTextRise(const Arguments& arguments);
+    void SetTextRenderingMode(const Arguments& arguments);
+    void SetFont(const Arguments& arguments);
+    void BeginText(const Arguments& arguments);
+    void EndText(const Arguments& arguments);
+    void MoveText(const Arguments& arguments);
+    void MoveTextSetLeading(const Arguments& arguments);
+    void NextLine(const Arguments& arguments);
+    void SetTextMatrix(const Arguments& arguments);
+    void ShowText(const Arguments& arguments);
+    void ShowTextAdjusted(const Arguments& arguments);
+    void NextLineShowText(const Arguments& arguments);
+    void NextLineShowTextWithSpacing(const Arguments& arguments);
+
+    // Glyphs of Type 3 fonts (9.6.5).
+    void SetGlyphWidth(const Arguments& arguments);
+    void SetGlyphWidthAndBox(const Arguments& arguments);
+
     // Marked content (14.6) and optional content (8.11.3).
     void BeginMarkedContent(const Arguments& arguments);
     void BeginMarkedContentList(const Arguments& arguments);
@@ -132,7 +156,6 @@ public:
     void EndCompatibility(const Arguments& arguments);
 
     // Operators that the model has no place for.
-    void LeaveOutText(const Arguments& arguments);
     void LeaveOutInlineImage(const Arguments& arguments);
     void RejectMisplaced(const Arguments& arguments);
 
@@ -149,6 +172,7 @@ private:
         bool knockout = false;
         bool blended = false;
         bool halftones = false;
+        bool showsNothing = false;
     };
 
     struct OpenMark
@@ -202,8 +226,6 @@ private:
     void MarkUsed(std::uint32_t parameters) { usedParameters |= parameters & state.inherited; }
 
     // left_out_operators.cpp
-    void NoteTextChange(std::uint32_t parameter, bool isChange);
-    void NoteShownText();
     void NotePicture(bool isStencil);
 
     // path_operators.cpp
@@ -214,6 +236,38 @@ private:
     void PlacePath(std::shared_ptr<const Plexa::Compound> compound, bool fill, bool stroke,
                    const ObjectAttributes& attributes);
     void BeginClip(std::shared_ptr<const Plexa::Compound> compound, const std::string& name, ByteRange place);
+    void OpenClip(GroupRecipe recipe, ByteRange place);
+
+    // text_operators.cpp
+    void TakeFont(const std::shared_ptr<const OrvFont::Font>& font, double size, const std::string& problem,
+                  const Arguments& arguments);
+    void SetLine(const TextMatrix& line);
+    void MoveLine(double x, double y, const Arguments& arguments);
+    void ShowString(std::string_view codes, const Arguments& arguments);
+    void Adjust(double thousandths);
+
+    // text_runs.cpp
+    void BeginTextObject();
+    void EndTextObject(ByteRange place);
+    void BeginTextClip(ByteRange place);
+    /// False if nothing can be shown now.
+    bool PrepareShowing(const Arguments& arguments);
+    /// Has a run open for what is shown next.
+    void PrepareRun();
+    bool IsRunOfState();
+    bool FollowLine();
+    void OpenRun();
+    /// To be called before anything else is placed, opened or closed. An operator that does nothing does not
+    /// end it, so that it may be left out of a content.
+    void EndRun();
+    /// Null if the content has no room for it.
+    const OrvDoc::Text* PlaceText(TextRun& run);
+
+    // glyph_operators.cpp
+    bool ShowsGlyphs() const;
+    void ShowGlyphs(std::string_view codes, const Arguments& arguments);
+    void ShowGlyph(const OrvFont::Character& character, const Arguments& arguments);
+    void GoToPen();
 
     // state_operators.cpp
     void LeaveScopes(const SavedState& saved);
@@ -230,6 +284,7 @@ private:
     void ApplyParameter(const std::string& key, const OrvSys::PdfObject& value, const Arguments& arguments);
     bool ApplyStrokeParameter(const std::string& key, const OrvSys::PdfObject& value);
     bool ApplyDashParameter(const OrvSys::PdfObject& value, const Arguments& arguments);
+    void ApplyFont(const Arguments& arguments);
     bool ApplyOverprintParameter(const std::string& key, const OrvSys::PdfObject& value);
 
     // blending_parameters.cpp
@@ -239,7 +294,11 @@ private:
     /// Gives an object that is no group the transparency of the state.
     bool ApplySoftMask(const OrvSys::PdfObject& value, const Arguments& arguments);
     void SetSoftMask(std::shared_ptr<const OrvBlend::SoftMask> mask);
-    void SetBlending(OrvDoc::Blendable& object, const ObjectAttributes& attributes);
+    void SetBlending(OrvDoc::Blendable& object, const ObjectAttributes& attributes)
+    {
+        SetBlending(object, attributes, state.blending);
+    }
+    void SetBlending(OrvDoc::Blendable& object, const ObjectAttributes& attributes, BlendSetting& setting);
 
     // halftone_parameters.cpp
     void ApplyHalftones(const OrvSys::PdfObject& parameters, const Arguments& arguments);
@@ -263,7 +322,8 @@ private:
 
     // xobject_operators.cpp
     void PaintForm(FormDefinition& form, const Arguments& arguments);
-    void PlaceForm(const FormUse& use);
+    void PlaceForm(const FormUse& use) { PlaceForm(use, state.matrix); }
+    void PlaceForm(const FormUse& use, const Matrix& matrix);
     void PlaceGroup(GroupUse use);
     void SetGroupBlending(OrvDoc::Blendable& object, bool isIsolated, bool isKnockout);
     void NoteReading(const std::shared_ptr<const NestedReading>& reading);
@@ -280,6 +340,8 @@ private:
     OrvSys::PdfObject ToObject(const Operand& operand, const Arguments& arguments);
     void BeginMark(const std::string& tag, const OrvSys::PdfObject& properties, const Arguments& arguments);
     void BeginObject(const OrvSys::PdfObject& properties);
+    void BeginNamedText(const OrvSys::PdfObject& properties, const Arguments& arguments);
+    void NameLine(const OrvSys::PdfObject& properties);
     void ApplyAttributes(const OrvSys::PdfObject& properties, const Arguments& arguments);
     void ExpectGroupParts(ScopeTree::Id scope, const OrvSys::PdfObject& properties,
                           const Arguments& arguments);
@@ -307,6 +369,8 @@ private:
     ResourceCache<OrvSys::PdfObject> parameterLists;
     ResourceCache<PropertyList> propertyLists;
     ResourceCache<ContentResources::XObject> xObjects;
+    ResourceCache<std::shared_ptr<const OrvFont::Font>> fonts;
+    ResourceCache<ContentResources::SizedFont> fontsOfStates;
     ResourceCache<std::shared_ptr<MaskDefinition>> masks;
     std::vector<std::shared_ptr<const NestedReading>> nested;
     std::unordered_set<const NestedReading*> knownNested;
@@ -330,6 +394,17 @@ private:
     /// The operations that make up the path, those side by side as one.
     std::vector<ByteRange> pathPlaces;
     std::uint64_t latestPathOperation = 0;
+
+    const bool isGlyph;
+    Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> glyphBox;
+    /// What is painted has the colours from around.
+    bool isColorFixed = false;
+
+    TextObject text;
+    /// The line that a property list has named, and the operation that the `Tm` must directly follow; 0 for
+    /// none.
+    TextLine exactLine;
+    std::uint64_t exactLineOperation = 0;
 
     boost::optional<ObjectAttributes> objectAttributes;
     /// The matrix of a group that was just opened, for the first `cm` behind nothing but `q`.

@@ -70,7 +70,8 @@ PdfObject Convert(const Operand& operand)
     return PdfObject::Dictionary(std::move(entries));
 }
 
-bool ReadMatrix(const PdfObject& value, Matrix& matrix)
+/// The last two numbers are multiplied with ten to the power of `translationShift`.
+bool ReadMatrix(const PdfObject& value, Matrix& matrix, int translationShift = 3)
 {
     if (!value.IsArray() || value.GetItems().size() != 6) {
         return false;
@@ -78,7 +79,7 @@ bool ReadMatrix(const PdfObject& value, Matrix& matrix)
     double numbers[6] = {};
     for (std::size_t i = 0; i < 6; ++i) {
         const PdfObject& item = value.GetItems()[i];
-        if (!item.IsNumber() || !ParseNumber(item.Serialize(), i < 4 ? 0 : 3, numbers[i])) {
+        if (!item.IsNumber() || !ParseNumber(item.Serialize(), i < 4 ? 0 : translationShift, numbers[i])) {
             return false;
         }
     }
@@ -135,6 +136,7 @@ void Interpreter::BeginMark(const std::string& tag, const PdfObject& properties,
         return;
     }
     if (tag == Tags::object) {
+        EndRun();
         BeginObject(properties);
         return;
     }
@@ -142,7 +144,10 @@ void Interpreter::BeginMark(const std::string& tag, const PdfObject& properties,
     GroupRecipe recipe =
         isGroup ? ReadGroupRecipe(properties) : ForeignRecipe(tag, properties, false, arguments);
     recipe.isTextGroup = tag == Tags::textGroup;
-    ownClipsLeft = 0;
+    const bool isOwnClip = recipe.isTextGroup && recipe.isClippingTextGroup && ownClipsLeft > 0 &&
+                           tree.IsInnermost(ownClipsScope);
+    ownClipsLeft = isOwnClip ? ownClipsLeft - 1 : 0;
+    EndRun();
     const ScopeTree::Id scope = tree.Open(std::move(recipe));
     openMarks.push_back({scope});
     if (isGroup) {
@@ -164,6 +169,7 @@ void Interpreter::BeginObject(const PdfObject& properties)
     attributes.knockout = isTrue(Tags::knockoutKey);
     attributes.blended = isTrue(Tags::blendedKey);
     attributes.halftones = isTrue(Tags::halftonesKey);
+    attributes.showsNothing = isTrue(Tags::emptyKey);
     attributes.hasOutline = isTrue(Tags::outlineKey);
     objectAttributes = std::move(attributes);
     openMarks.push_back({0});
@@ -241,6 +247,7 @@ void Interpreter::EndMarkedContent(const Arguments& arguments)
         problems.Damaged("EMC", "there is no marked content to end", {}, arguments.Place());
         return;
     }
+    EndRun();
     const ScopeTree::Id scope = openMarks.back().scope;
     openMarks.pop_back();
     if (scope == 0) {
@@ -253,6 +260,11 @@ void Interpreter::EndMarkedContent(const Arguments& arguments)
 
 void Interpreter::MarkedPoint(const Arguments& arguments)
 {
+    if (arguments[0].Text() == Tags::text) {
+        BeginNamedText(PdfObject(), arguments);
+        return;
+    }
+    EndRun();
     tree.Place(MakeGroup(ForeignRecipe(std::string(arguments[0].Text()), PdfObject(), true, arguments)));
 }
 
@@ -260,7 +272,14 @@ void Interpreter::MarkedPointList(const Arguments& arguments)
 {
     const std::string tag(arguments[0].Text());
     const PdfObject properties = ToObject(arguments[1], arguments);
-    if (tag == Tags::reset) {
+    if (tag == Tags::line) {
+        NameLine(properties);
+        return;
+    }
+    EndRun();
+    if (tag == Tags::text) {
+        BeginNamedText(properties, arguments);
+    } else if (tag == Tags::reset) {
         if (ReadMatrix(properties.Find(Tags::matrixKey), clipMatrix.matrix)) {
             clipMatrix.operation = operationNumber;
         }
@@ -268,6 +287,30 @@ void Interpreter::MarkedPointList(const Arguments& arguments)
         ApplyAttributes(properties, arguments);
     } else {
         tree.Place(MakeGroup(ForeignRecipe(tag, properties, true, arguments)));
+    }
+}
+
+void Interpreter::BeginNamedText(const PdfObject& properties, const Arguments& arguments)
+{
+    EndRun();
+    if (!PrepareShowing(arguments)) {
+        return;
+    }
+    PrepareRun();
+    Matrix own;
+    Matrix ofObject;
+    if (ReadMatrix(properties.Find(Tags::textKey), own) &&
+        ReadMatrix(properties.Find(Tags::matrixKey), ofObject)) {
+        text.run->SplitMatrix(own, ofObject);
+    }
+}
+
+void Interpreter::NameLine(const PdfObject& properties)
+{
+    Matrix matrix;
+    if (ReadMatrix(properties.Find(Tags::matrixKey), matrix, 0)) {
+        exactLine = {matrix.a, matrix.b, matrix.c, matrix.d, matrix.x.value, matrix.y.value};
+        exactLineOperation = operationNumber;
     }
 }
 

@@ -56,6 +56,14 @@ NestedStream::NestedStream(DocumentResources& givenDocument, QPDFObjectHandle gi
             std::to_string(stream.getGeneration());
 }
 
+NestedStream::NestedStream(DocumentResources& givenDocument, QPDFObjectHandle givenStream,
+                           QPDFObjectHandle ofFont, QPDFObjectHandle around)
+    : NestedStream(givenDocument, givenStream, "glyph", ofFont.isDictionary() ? ofFont : around)
+{
+    hasOwnResources = hasOwnResources || ofFont.isDictionary();
+    isGlyph = true;
+}
+
 bool NestedStream::MayRead(std::string& problem) const
 {
     const std::uint32_t limit = document.GetFile().GetOptions().limits.formNesting;
@@ -98,7 +106,7 @@ NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const Graph
     reading.size = decoded.bytes.View().size();
     ResourceReader inner(document, resources);
     reading.interpretation =
-        InterpretContent(decoded.bytes.View(), inner, limits, *reading.content, {state, box, base});
+        InterpretContent(decoded.bytes.View(), inner, limits, *reading.content, {state, box, base, isGlyph});
     reading.errors.Add(std::move(reading.interpretation.errors));
     reading.usesResourcesAround = !hasOwnResources && inner.HasFound();
     // What has no place in the model may name resources that nobody asked for.
@@ -108,13 +116,18 @@ NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const Graph
     return reading;
 }
 
+void NestedStream::Describe(const Reading& reading, NestedSource& source) const
+{
+    source.object = stream.getObjectID();
+    source.isSelfContained = !reading.isCut && !reading.usesResourcesAround;
+    source.hasUnmodelled = reading.interpretation.hasUnmodelled;
+    source.baseRevision = reading.content->GetRevision();
+}
+
 std::unique_ptr<NestedSource> NestedStream::MakeSource(const Reading& reading) const
 {
     auto source = std::make_unique<NestedSource>();
-    source->object = stream.getObjectID();
-    source->isSelfContained = !reading.isCut && !reading.usesResourcesAround;
-    source->hasUnmodelled = reading.interpretation.hasUnmodelled;
-    source->baseRevision = reading.content->GetRevision();
+    Describe(reading, *source);
     return source;
 }
 

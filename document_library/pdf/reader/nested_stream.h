@@ -42,6 +42,9 @@ public:
     /// count for streams of old files that have none. Needs an access to the file.
     NestedStream(DocumentResources& givenDocument, QPDFObjectHandle givenStream, const char* kind,
                  QPDFObjectHandle around);
+    /// A glyph of a Type 3 font, whose resources are the glyph's own if it has any.
+    NestedStream(DocumentResources& givenDocument, QPDFObjectHandle givenStream, QPDFObjectHandle ofFont,
+                 QPDFObjectHandle around);
 
     struct Reading
     {
@@ -69,6 +72,7 @@ public:
     Reading Read(OrvDoc::Content::Type type, const GraphicsState* state, const Matrix& base = {});
     /// What a content that was read says of where it comes from. It stands for itself unless it is one turn
     /// of a circle or uses resources from around, which are made anew with the content around.
+    void Describe(const Reading& reading, NestedSource& source) const;
     std::unique_ptr<NestedSource> MakeSource(const Reading& reading) const;
     /// Makes what was met active errors of the content, and what is told of it around; null for nothing.
     std::shared_ptr<const NestedReading> Tell(Reading& reading) const;
@@ -81,6 +85,7 @@ private:
     QPDFObjectHandle stream;
     QPDFObjectHandle resources;
     bool hasOwnResources = false;
+    bool isGlyph = false;
     std::string place;
     bool isOpen = false;
 };

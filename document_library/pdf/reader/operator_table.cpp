@@ -14,10 +14,15 @@ namespace
 struct Row
 {
     OperatorId id;
-    /// A letter for each operand: n number, N name, a array, o name or dictionary; `*` alone for any.
+    /// A letter for each operand: n number, N name, s string, a array, o name or dictionary; `*` alone for
+    /// any.
     const char* operands;
     void (Interpreter::*handler)(const Arguments&);
+    /// It does nothing where a glyph is a stencil (ISO 32000-1, 9.6.5).
+    bool setsColor = false;
 };
+
+constexpr bool color = true;
 
 using I = Interpreter;
 
@@ -51,22 +56,22 @@ constexpr Row rows[] = {
     {OperatorId::SetLineJoin, "n", &I::SetLineJoin},
     {OperatorId::SetMiterLimit, "n", &I::SetMiterLimit},
     {OperatorId::SetDash, "an", &I::SetDash},
-    {OperatorId::SetRenderingIntent, "N", &I::SetRenderingIntent},
+    {OperatorId::SetRenderingIntent, "N", &I::SetRenderingIntent, color},
     {OperatorId::SetFlatness, "n", &I::SetFlatness},
     {OperatorId::SetGraphicsState, "N", &I::SetParameters},
 
-    {OperatorId::SetFillColorSpace, "N", &I::SetFillColorSpace},
-    {OperatorId::SetStrokeColorSpace, "N", &I::SetStrokeColorSpace},
-    {OperatorId::SetFillColor, "*", &I::SetFillColor},
-    {OperatorId::SetStrokeColor, "*", &I::SetStrokeColor},
-    {OperatorId::SetFillColorSpecial, "*", &I::SetFillColor},
-    {OperatorId::SetStrokeColorSpecial, "*", &I::SetStrokeColor},
-    {OperatorId::SetFillGray, "n", &I::SetFillGray},
-    {OperatorId::SetStrokeGray, "n", &I::SetStrokeGray},
-    {OperatorId::SetFillRgb, "nnn", &I::SetFillRgb},
-    {OperatorId::SetStrokeRgb, "nnn", &I::SetStrokeRgb},
-    {OperatorId::SetFillCmyk, "nnnn", &I::SetFillCmyk},
-    {OperatorId::SetStrokeCmyk, "nnnn", &I::SetStrokeCmyk},
+    {OperatorId::SetFillColorSpace, "N", &I::SetFillColorSpace, color},
+    {OperatorId::SetStrokeColorSpace, "N", &I::SetStrokeColorSpace, color},
+    {OperatorId::SetFillColor, "*", &I::SetFillColor, color},
+    {OperatorId::SetStrokeColor, "*", &I::SetStrokeColor, color},
+    {OperatorId::SetFillColorSpecial, "*", &I::SetFillColor, color},
+    {OperatorId::SetStrokeColorSpecial, "*", &I::SetStrokeColor, color},
+    {OperatorId::SetFillGray, "n", &I::SetFillGray, color},
+    {OperatorId::SetStrokeGray, "n", &I::SetStrokeGray, color},
+    {OperatorId::SetFillRgb, "nnn", &I::SetFillRgb, color},
+    {OperatorId::SetStrokeRgb, "nnn", &I::SetStrokeRgb, color},
+    {OperatorId::SetFillCmyk, "nnnn", &I::SetFillCmyk, color},
+    {OperatorId::SetStrokeCmyk, "nnnn", &I::SetStrokeCmyk, color},
 
     {OperatorId::BeginMarkedContent, "N", &I::BeginMarkedContent},
     {OperatorId::BeginMarkedContentList, "No", &I::BeginMarkedContentList},
@@ -80,26 +85,26 @@ constexpr Row rows[] = {
     {OperatorId::PaintXObject, "N", &I::PaintXObject},
     {OperatorId::PaintShading, "N", &I::PaintShading},
     {OperatorId::BeginInlineImage, "*", &I::LeaveOutInlineImage},
-    {OperatorId::BeginText, "", &I::LeaveOutText},
-    {OperatorId::EndText, "", &I::LeaveOutText},
-    {OperatorId::NextLine, "*", &I::LeaveOutText},
-    {OperatorId::SetCharacterSpacing, "*", &I::LeaveOutText},
-    {OperatorId::MoveText, "*", &I::LeaveOutText},
-    {OperatorId::MoveTextSetLeading, "*", &I::LeaveOutText},
-    {OperatorId::SetFont, "*", &I::LeaveOutText},
-    {OperatorId::ShowText, "*", &I::LeaveOutText},
-    {OperatorId::ShowTextAdjusted, "*", &I::LeaveOutText},
-    {OperatorId::SetLeading, "*", &I::LeaveOutText},
-    {OperatorId::SetTextMatrix, "*", &I::LeaveOutText},
-    {OperatorId::SetTextRenderingMode, "*", &I::LeaveOutText},
-    {OperatorId::SetTextRise, "*", &I::LeaveOutText},
-    {OperatorId::SetWordSpacing, "*", &I::LeaveOutText},
-    {OperatorId::SetHorizontalScaling, "*", &I::LeaveOutText},
-    {OperatorId::NextLineShowText, "*", &I::LeaveOutText},
-    {OperatorId::NextLineShowTextWithSpacing, "*", &I::LeaveOutText},
+    {OperatorId::BeginText, "", &I::BeginText},
+    {OperatorId::EndText, "", &I::EndText},
+    {OperatorId::NextLine, "", &I::NextLine},
+    {OperatorId::SetCharacterSpacing, "n", &I::SetCharacterSpacing},
+    {OperatorId::MoveText, "nn", &I::MoveText},
+    {OperatorId::MoveTextSetLeading, "nn", &I::MoveTextSetLeading},
+    {OperatorId::SetFont, "Nn", &I::SetFont},
+    {OperatorId::ShowText, "s", &I::ShowText},
+    {OperatorId::ShowTextAdjusted, "a", &I::ShowTextAdjusted},
+    {OperatorId::SetLeading, "n", &I::SetLeading},
+    {OperatorId::SetTextMatrix, "nnnnnn", &I::SetTextMatrix},
+    {OperatorId::SetTextRenderingMode, "n", &I::SetTextRenderingMode},
+    {OperatorId::SetTextRise, "n", &I::SetTextRise},
+    {OperatorId::SetWordSpacing, "n", &I::SetWordSpacing},
+    {OperatorId::SetHorizontalScaling, "n", &I::SetHorizontalScaling},
+    {OperatorId::NextLineShowText, "s", &I::NextLineShowText},
+    {OperatorId::NextLineShowTextWithSpacing, "nns", &I::NextLineShowTextWithSpacing},
 
-    {OperatorId::SetGlyphWidth, "*", &I::RejectMisplaced},
-    {OperatorId::SetGlyphWidthAndBox, "*", &I::RejectMisplaced},
+    {OperatorId::SetGlyphWidth, "*", &I::SetGlyphWidth},
+    {OperatorId::SetGlyphWidthAndBox, "*", &I::SetGlyphWidthAndBox},
     {OperatorId::EndInlineImage, "*", &I::RejectMisplaced},
     {OperatorId::InlineImageData, "*", &I::RejectMisplaced},
 };
@@ -124,6 +129,8 @@ bool Matches(char kind, const Operand& operand)
         return operand.IsNumber();
     case 'N':
         return operand.IsName();
+    case 's':
+        return operand.IsString();
     case 'a':
         return operand.Kind() == OperandKind::Array;
     default:
@@ -147,6 +154,9 @@ void Interpreter::Execute(const ContentOperation& operation)
         return;
     }
     const Row& row = rows[number - 1];
+    if (isColorFixed && row.setsColor) {
+        return;
+    }
     if (row.operands[0] == '*') {
         (this->*row.handler)(Arguments(operation, operation.operands.size()));
         return;

@@ -114,6 +114,8 @@ void Interpreter::ApplyParameter(const std::string& key, const PdfObject& value,
         isWell = ApplyOverprintParameter(key, value);
     } else if (key == "SMask") {
         isWell = ApplySoftMask(value, arguments);
+    } else if (key == "Font") {
+        ApplyFont(arguments);
     } else if (key == "BM" || key == "CA" || key == "ca" || key == "AIS") {
         isWell = ApplyBlendParameter(key, value, arguments);
     } else if (!IsPartOfOthers(key) && !IsNeutralParameter(key, value)) {
@@ -172,6 +174,15 @@ bool Interpreter::ApplyDashParameter(const PdfObject& value, const Arguments& ar
     state.inherited &= ~ParameterBit("D");
     ChangeStroke(std::move(properties));
     return true;
+}
+
+void Interpreter::ApplyFont(const Arguments& arguments)
+{
+    const std::string_view name = arguments[0].Text();
+    const auto& found = fontsOfStates.Get(name, [this](const std::string& key, std::string& problem) {
+        return resources.FindFontOfState(key, problem);
+    });
+    TakeFont(found.value.font, found.value.size, found.problem, arguments);
 }
 
 bool Interpreter::ApplyOverprintParameter(const std::string& key, const PdfObject& value)

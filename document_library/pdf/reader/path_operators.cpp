@@ -240,6 +240,7 @@ void Interpreter::PlacePath(std::shared_ptr<const Plexa::Compound> compound, boo
     }
     SetBlending(*object, attributes);
     ownClipsLeft = 0;
+    EndRun();
     tree.Place(std::move(object));
 }
 
@@ -252,19 +253,25 @@ void Interpreter::BeginClip(std::shared_ptr<const Plexa::Compound> compound, con
         compound = transformation * std::move(compound);
         transformation = Matrix();
     }
+    GroupRecipe recipe;
+    recipe.clip = std::move(compound);
+    recipe.clipTransformation = transformation;
+    recipe.clipName = name;
+    OpenClip(std::move(recipe), place);
+}
+
+void Interpreter::OpenClip(GroupRecipe recipe, ByteRange place)
+{
+    EndRun();
     if (ownClipsLeft > 0 && tree.IsInnermost(ownClipsScope)) {
         --ownClipsLeft;
-        tree.Place(MakeClippingPath(std::move(compound), transformation, name));
+        tree.Place(MakeClip(recipe));
         return;
     }
     if (tree.GetDepth() >= limits.contentNesting) {
         problems.Limit("contentNesting", limits.contentNesting, place);
         return;
     }
-    GroupRecipe recipe;
-    recipe.clip = std::move(compound);
-    recipe.clipTransformation = transformation;
-    recipe.clipName = name;
     openClips.push_back(tree.Open(std::move(recipe)));
 }
 

@@ -157,6 +157,7 @@ void Interpreter::PaintShading(const Arguments& arguments)
     object->SetHalftoneSet(state.halftones);
     SetBlending(*object, ObjectAttributes());
     ownClipsLeft = 0;
+    EndRun();
     tree.Place(std::move(object));
 }
 

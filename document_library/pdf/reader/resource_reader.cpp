@@ -1,10 +1,12 @@
 #include "pdf/reader/resource_reader.h"
+#include "pdf/number_text.h"
 
 #include <array>
 
 #include "pdf/reader/layer_membership.h"
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/reader/resource_guard.h"
+#include "pdf/reader/type3_font.h"
 
 namespace OrvPdf
 {
@@ -128,6 +130,62 @@ OrvSys::PdfObject ResourceReader::FindGraphicsState(const std::string& name, std
             problem = "it is no dictionary";
     });
     return state;
+}
+
+std::shared_ptr<const OrvFont::Font> ResourceReader::ReadFont(QPDFObjectHandle dictionary,
+                                                              std::string& problem)
+{
+    std::vector<std::string> problems;
+    auto font = document.GetFonts().Read(dictionary, problems);
+    for (const std::string& text : problems)
+        problem += (problem.empty() ? "" : "; ") + text;
+    return font;
+}
+
+std::shared_ptr<const OrvFont::Font> ResourceReader::FindFont(const std::string& name, std::string& problem)
+{
+    std::shared_ptr<const OrvFont::Font> font;
+    GuardLookUp(problem, [&] {
+        const SourceFile::Access access(document.GetFile());
+        QPDFObjectHandle dictionary = FindResource("/Font", name, problem);
+        if (!dictionary.isNull())
+            font = ReadFont(dictionary, problem);
+    });
+    return font;
+}
+
+ContentResources::SizedFont ResourceReader::FindFontOfState(const std::string& state, std::string& problem)
+{
+    SizedFont found;
+    GuardLookUp(problem, [&] {
+        const SourceFile::Access access(document.GetFile());
+        QPDFObjectHandle font = GetEntry(FindResource("/ExtGState", state, problem), "/Font");
+        std::string size;
+        if (!font.isArray() || font.getArrayNItems() != 2 || !GetNumberText(font.getArrayItem(1), size) ||
+            !ParseNumber(size, 0, found.size)) {
+            problem = "the font is no array of a font and its size";
+            return;
+        }
+        found.font = ReadFont(font.getArrayItem(0), problem);
+    });
+    return found;
+}
+
+bool ResourceReader::HasGlyphContents(const OrvFont::Font& font)
+{
+    return dynamic_cast<const Type3Font*>(&font.GetSource()) != nullptr;
+}
+
+std::shared_ptr<FormDefinition> ResourceReader::FindGlyph(const std::shared_ptr<const OrvFont::Font>& font,
+                                                          const OrvFont::Character& character,
+                                                          std::string& problem)
+{
+    std::shared_ptr<FormDefinition> glyph;
+    GuardLookUp(problem, [&] {
+        const SourceFile::Access access(document.GetFile());
+        glyph = document.GetGlyph(font, character, resources);
+    });
+    return glyph;
 }
 
 boost::optional<ContentResources::PropertyList> ResourceReader::FindPropertyList(const std::string& name,

@@ -26,6 +26,12 @@ public:
     std::shared_ptr<const Pattern> FindPattern(const std::string& name, std::string& problem) override;
     std::shared_ptr<const ShadingResource> FindShading(const std::string& name,
                                                        std::string& problem) override;
+    std::shared_ptr<const OrvFont::Font> FindFont(const std::string& name, std::string& problem) override;
+    SizedFont FindFontOfState(const std::string& state, std::string& problem) override;
+    bool HasGlyphContents(const OrvFont::Font& font) override;
+    std::shared_ptr<FormDefinition> FindGlyph(const std::shared_ptr<const OrvFont::Font>& font,
+                                              const OrvFont::Character& character,
+                                              std::string& problem) override;
     boost::optional<PropertyList> FindPropertyList(const std::string& name, std::string& problem) override;
     XObject FindXObject(const std::string& name, std::string& problem) override;
     std::shared_ptr<MaskDefinition> FindMask(const std::string& state, std::string& problem) override;
@@ -36,6 +42,7 @@ public:
 private:
     QPDFObjectHandle FindResource(const char* category, const std::string& name, std::string& problem);
     OrvSys::PdfObject ConvertState(QPDFObjectHandle dictionary);
+    std::shared_ptr<const OrvFont::Font> ReadFont(QPDFObjectHandle dictionary, std::string& problem);
     OrvColor::ColorSpace::Pointer ResolveColorSpace(QPDFObjectHandle definition, std::string& problem);
     std::shared_ptr<const ShadingResource> ReadShading(QPDFObjectHandle definition, QPDFObjGen owner,
                                                        std::string& problem);

@@ -38,6 +38,21 @@ void ScopeTree::Close(Id id)
     scopes.erase(scope);
 }
 
+void ScopeTree::CloseUnlessEmpty(Id id)
+{
+    const auto place = places.find(id);
+    if (place == places.end() || place->second->wasMade) {
+        Close(id);
+        return;
+    }
+    const auto scope = place->second;
+    if (unmade == scope) {
+        ++unmade;
+    }
+    places.erase(place);
+    scopes.erase(scope);
+}
+
 bool ScopeTree::MakeThrough(const Scope& last)
 {
     while (!last.group) {
@@ -46,8 +61,7 @@ bool ScopeTree::MakeThrough(const Scope& last)
             hitCopyLimit = true;
             return false;
         }
-        const bool hasClip = scope.recipe.clip != nullptr;
-        if (!TakeRoom(GetWeight(scope.recipe) + (hasClip ? 1 : 0))) {
+        if (!TakeRoom(GetWeight(scope.recipe))) {
             return false;
         }
         copiesLeft -= scope.wasMade ? 1 : 0;
@@ -55,9 +69,8 @@ bool ScopeTree::MakeThrough(const Scope& last)
         OrvDoc::Group* const raw = group.get();
         Add(unmade == scopes.begin() ? nullptr : std::prev(unmade)->group, std::move(group));
         // A group that is placed while it is empty needn't be checked for holding its own container.
-        if (hasClip) {
-            Add(raw,
-                MakeClippingPath(scope.recipe.clip, scope.recipe.clipTransformation, scope.recipe.clipName));
+        if (scope.recipe.HasClip()) {
+            Add(raw, MakeClip(scope.recipe));
         }
         scope.group = raw;
         scope.wasMade = true;

@@ -36,6 +36,8 @@ public:
     Id Open(GroupRecipe recipe);
     /// Ends a scope, which may not be the innermost one. A scope that has ended already is left alone.
     void Close(Id id);
+    /// The same, but a scope that nothing was placed in leaves no group.
+    void CloseUnlessEmpty(Id id);
     /// The number of open scopes.
     std::size_t GetDepth() const { return scopes.size(); }
     /// Whether that scope is the innermost open one.

@@ -56,10 +56,12 @@ void Interpreter::LeaveScopes(const SavedState& saved)
         const bool hasClip = openClips.size() > saved.clipCount;
         const bool hasBase = bases.size() > saved.baseCount;
         if (hasClip && (!hasBase || openClips.back() > bases.back().scope)) {
+            EndRun();
             tree.Close(openClips.back());
             openClips.pop_back();
         } else if (hasBase) {
             // The group is still open, but what follows in it isn't under its matrix any more.
+            EndRun();
             tree.DropTransformation(bases.back().scope);
             bases.pop_back();
         } else {
@@ -101,6 +103,7 @@ bool Interpreter::EnterGroupMatrix(const Matrix& matrix, ByteRange place)
     if (!IsFinite(recipe.transformation)) {
         return false;
     }
+    EndRun();
     tree.SetAttributes(recipe);
     bases.push_back({groupMatrix.scope, recipe.transformation});
     state.matrix = Matrix();

@@ -35,6 +35,7 @@ void Interpreter::PaintForm(FormDefinition& form, const Arguments& arguments)
     if (layer) {
         GroupRecipe recipe;
         recipe.membership = layer;
+        EndRun();
         scope = tree.Open(std::move(recipe));
     }
     if (GroupUse group = form.TakeGroup(state, GetBaseMatrix()); group.group) {
@@ -67,10 +68,11 @@ void Interpreter::PlaceGroup(GroupUse use)
         group.SetTransformation(Plexa::Concatenate(group.GetTransformation(), state.matrix));
     }
     ownClipsLeft = 0;
+    EndRun();
     tree.Place(std::move(use.group));
 }
 
-void Interpreter::PlaceForm(const FormUse& use)
+void Interpreter::PlaceForm(const FormUse& use, const Matrix& matrix)
 {
     const ObjectAttributes attributes = TakeAttributes();
     auto object =
@@ -78,8 +80,8 @@ void Interpreter::PlaceForm(const FormUse& use)
     if (!attributes.name.empty()) {
         object->SetName(attributes.name);
     }
-    if (!Plexa::IsIdentity(state.matrix)) {
-        object->SetTransformation(state.matrix);
+    if (!Plexa::IsIdentity(matrix)) {
+        object->SetTransformation(matrix);
     }
     object->SetFillPaint(use.paint);
     if (use.isGroup) {
@@ -91,6 +93,7 @@ void Interpreter::PlaceForm(const FormUse& use)
         problems.MarkUnmodelled();
     }
     ownClipsLeft = 0;
+    EndRun();
     tree.Place(std::move(object));
 }
 

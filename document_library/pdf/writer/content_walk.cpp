@@ -12,9 +12,28 @@ namespace OrvPdf
 using OrvDoc::ContentObject;
 using OrvDoc::Path;
 
-bool IsPathClip(const ContentObject& object)
+bool IsClip(const ContentObject& object)
 {
-    return object.IsClippingObject() && dynamic_cast<const Path*>(&object) != nullptr;
+    if (!object.IsClippingObject()) {
+        return false;
+    }
+    const auto* const texts = dynamic_cast<const OrvDoc::TextGroup*>(&object);
+    return texts ? CanClip(*texts) : dynamic_cast<const Path*>(&object) != nullptr;
+}
+
+const OrvDoc::Transformable& Clip::GetObject() const
+{
+    return path ? static_cast<const OrvDoc::Transformable&>(*path) : *texts;
+}
+
+const Matrix& Clip::GetMatrix() const
+{
+    if (path) {
+        return path->GetTransformation();
+    }
+    static const Matrix identity;
+    const Matrix* const shared = FindSharedMatrix(*texts);
+    return shared ? *shared : identity;
 }
 
 bool ContentWalk::Refuse(const ContentObject& object, const char* reason)
@@ -79,7 +98,11 @@ std::vector<Clip> ContentWalk::MakeClips(const ContentObject* first)
 {
     std::vector<Clip> clips;
     for (const ContentObject* object = first; object; object = object->next) {
-        if (!IsPathClip(*object)) {
+        if (!IsClip(*object)) {
+            continue;
+        }
+        if (const auto* const group = dynamic_cast<const OrvDoc::TextGroup*>(object)) {
+            clips.push_back({nullptr, {}, group});
             continue;
         }
         const auto& path = static_cast<const Path&>(*object);
@@ -90,13 +113,17 @@ std::vector<Clip> ContentWalk::MakeClips(const ContentObject* first)
             Refuse(path, "clipping paths with a matrix without inverse cannot be written");
             continue;
         }
-        clips.push_back({&path, pathOperators});
+        clips.push_back({&path, pathOperators, nullptr});
     }
     return clips;
 }
 
 void ContentWalk::AppendClip(const Clip& clip)
 {
+    if (clip.texts) {
+        AppendTextClip(*clip.texts);
+        return;
+    }
     const bool isEvenOdd = clip.path->DefiningCompound()->GetWindingRule() == Plexa::WindingRule::EvenOdd;
     const Matrix& matrix = clip.path->GetTransformation();
     if (!AreIdentical(states.GetMatrix(), matrix)) {
@@ -115,7 +142,7 @@ void ContentWalk::AppendClip(const Clip& clip)
 void ContentWalk::AppendClips(const std::vector<Clip>& clips)
 {
     for (const Clip& clip : clips) {
-        if (LeaveMatrix(clip.path->GetTransformation(), *clip.path)) {
+        if (LeaveMatrix(clip.GetMatrix(), clip.GetObject())) {
             AppendClip(clip);
         }
     }
@@ -128,7 +155,7 @@ void ContentWalk::BeginContent(const OrvDoc::Content& content)
     Container container{first, true};
     bool isAnyNamed = false;
     for (const Clip& clip : clips) {
-        isAnyNamed = isAnyNamed || !clip.path->GetName().empty();
+        isAnyNamed = isAnyNamed || !clip.GetObject().GetName().empty();
     }
     if (isAnyNamed) {
         // A clip keeps its name only as one that its group owns.
@@ -149,6 +176,10 @@ void ContentWalk::EndContainer()
     LeaveSharedMatrix();
     const Container container = containers.back();
     containers.pop_back();
+    if (container.endsTextObject) {
+        out.append("ET\n");
+        isInTextObject = false;
+    }
     if (container.endsLevel) {
         states.Restore();
     }
@@ -188,7 +219,7 @@ void ContentWalk::WriteContainers()
         }
         const ContentObject& object = *container.next;
         container.next = object.next;
-        if (!container.skipsClips || !IsPathClip(object)) {
+        if (!container.skipsClips || !IsClip(object)) {
             object.Accept(*this);
         }
     }

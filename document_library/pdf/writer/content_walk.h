@@ -6,12 +6,16 @@
 #include <tuple>
 #include <vector>
 
+#include <orv_blend/transparency.h>
 #include <orv_doc/group.h>
+#include <orv_doc/halftone_set.h>
 #include <orv_doc/image.h>
 #include <orv_doc/image_mask.h>
 #include <orv_doc/marked_content.h>
 #include <orv_doc/path.h>
+#include <orv_doc/shown_text.h>
 #include <orv_doc/text.h>
+#include <orv_doc/text_group.h>
 #include <orv_doc/visitor.h>
 
 #include "pdf/writer/content_writer.h"
@@ -21,8 +25,17 @@
 namespace OrvPdf
 {
 
-/// Whether an object is a path that clips its container. A text group that clips is none.
-bool IsPathClip(const OrvDoc::ContentObject& object);
+class GlyphSource;
+
+/// The matrix that all texts of a text group stand under; null if there is no such one, if it has no inverse,
+/// or if the group holds something else.
+const Matrix* FindSharedMatrix(const OrvDoc::TextGroup& group);
+
+/// Whether a text group can clip in a file: it holds texts and nothing else, and they can be written.
+bool CanClip(const OrvDoc::TextGroup& group);
+
+/// Whether an object is a path, or a text group that can, and clips its container.
+bool IsClip(const OrvDoc::ContentObject& object);
 
 /// A paint as it was last asked for.
 struct KnownPaint
@@ -31,11 +44,36 @@ struct KnownPaint
     PaintSettings settings;
 };
 
-/// A clipping path whose operators are ready.
+/// A clipping path whose operators are ready, or a text group.
 struct Clip
 {
-    const OrvDoc::Path* path;
+    const OrvDoc::Path* path = nullptr;
     std::string operators;
+    const OrvDoc::TextGroup* texts = nullptr;
+
+    const OrvDoc::Transformable& GetObject() const;
+    /// That which the clip stands under.
+    const Matrix& GetMatrix() const;
+};
+
+/// Where the content of an object comes from that showing a character of a font of the file paints; null for
+/// others.
+const GlyphSource* FindShownGlyph(const OrvDoc::Path& path);
+
+/// Whether a text group says more than which texts it holds.
+bool HasAttributesOfGroup(const OrvDoc::TextGroup& group);
+
+/// What the graphics state says of an object that paints.
+struct ObjectPainting
+{
+    const PaintSettings* fill = nullptr;
+    const PaintSettings* stroke = nullptr;
+    /// What one of them is instead, where both can't be in force.
+    PaintSettings changed;
+    OrvBlend::Transparency blending;
+    std::shared_ptr<OrvDoc::HalftoneSet> halftones;
+
+    bool IsPainted() const { return fill || stroke; }
 };
 
 /// A container that is being written.
@@ -47,6 +85,9 @@ struct Container
     bool endsMark = false;
     /// A level is open for the matrix of the last objects alone.
     bool isMatrixShared = false;
+    /// Its texts belong to the text group that it says it is.
+    bool isTextGroup = false;
+    bool endsTextObject = false;
 };
 
 /// The walk through a content that writes it; see `WriteContent`. Containers stand in `content_walk.cpp`,
@@ -59,7 +100,8 @@ public:
           out(givenResult.bytes),
           states(givenResult.bytes, start),
           colors(separations),
-          patterns(separations)
+          patterns(separations),
+          fonts(givenResult.fonts)
     {}
 
     void Write(const OrvDoc::Content& content);
@@ -80,7 +122,7 @@ private:
     {
         return Refuse(mask, "image masks are not written yet");
     }
-    bool Visit(const OrvDoc::Text& text) override { return Refuse(text, "texts are not written yet"); }
+    bool Visit(const OrvDoc::Text& text) override;
     bool Visit(const OrvDoc::ContentObject& object) override
     {
         return Refuse(object, "objects of a class that the library does not know cannot be written");
@@ -111,6 +153,9 @@ private:
     void AppendClips(const std::vector<Clip>& clips);
     void AppendClip(const Clip& clip);
 
+    // Glyphs that are contents. False, and nothing is written, if the object is none.
+    bool WriteGlyph(const OrvDoc::Path& path);
+
     // Forms.
     bool WriteForm(const OrvDoc::Path& path);
     bool WriteAsForm(const OrvDoc::Group& group);
@@ -124,11 +169,23 @@ private:
     const PaintSettings* FindSettings(const std::shared_ptr<const OrvPaint::Paint>& paint,
                                       const char*& problem);
     const PaintSettings* GetSettings(KnownPaint& known, const std::shared_ptr<const OrvPaint::Paint>& paint,
-                                     const OrvDoc::Path& path, const char* unwritten);
+                                     const OrvDoc::ContentObject& object, const char* unwritten);
+    /// Sets the state for an object and goes under its matrix. False, and the reason is told, if it can't be
+    /// written.
+    bool SetPainting(const OrvDoc::Strokable& object, ObjectPainting& painting);
+
+    // Texts.
+    void AppendText(const OrvDoc::Text& text, const OrvDoc::ShownText& shown, int mode,
+                    bool isUnderItsMatrix = true);
+    std::size_t UseFont(const std::shared_ptr<const OrvFont::Font>& font, const OrvDoc::ShownText& shown);
+    bool TryTextObject(const OrvDoc::TextGroup& group);
+    void AppendTextClip(const OrvDoc::TextGroup& group);
 
     // Objects of any class.
-    /// `flags` are keys of booleans. False, and nothing is written, if there is nothing to say.
-    bool BeginObject(const OrvDoc::ContentObject& object, const std::vector<const char*>& flags);
+    /// `flags` are keys of booleans. False, and nothing is written, if there is nothing to say, unless that
+    /// has to be said.
+    bool BeginObject(const OrvDoc::ContentObject& object, const std::vector<const char*>& flags,
+                     bool isNeeded = false);
     /// Leaves the matrix in force as far as an object under that matrix needs: a soft mask has to be set
     /// under the matrix of the container. False if there is no way out.
     bool GoToMatrix(const Matrix& wanted, const std::function<ExtGState()>& findParameters, bool isPainted,
@@ -155,6 +212,11 @@ private:
     std::map<std::tuple<const void*, bool, bool, bool>, std::size_t> formIndices;
     /// The group that the form is for; null if it is for none.
     const OrvDoc::Group* groupOfForm = nullptr;
+    UsedFonts fonts;
+    /// A text object is open: matrices and levels stay as they are.
+    bool isInTextObject = false;
+    /// Something was shown in it already.
+    bool hasTextBefore = false;
 };
 
 } // namespace OrvPdf

@@ -71,6 +71,9 @@ void ContentWalk::SetFormState(const OrvPaint::FormPaint& form)
     if ((used & line) != 0) {
         states.SetInitialStrokeProperties();
     }
+    if ((used & Inherited::text) != 0) {
+        states.SetInitialText();
+    }
 }
 
 bool ContentWalk::WriteForm(const Path& path)

@@ -125,6 +125,7 @@ void ContentWalk::BeginGroup(const OrvDoc::Group& group, const char* tag)
     AppendName(out, tag);
     out.append(attributes.empty() ? " BMC\n" : " " + attributes + " BDC\n");
     BeginInside(group, matrix, clips);
+    containers.back().isTextGroup = tag == Tags::textGroup;
 }
 
 bool ContentWalk::TryClipGroup(const OrvDoc::Group& group)
@@ -132,7 +133,7 @@ bool ContentWalk::TryClipGroup(const OrvDoc::Group& group)
     const ContentObject* const first = group.children.first;
     const bool isPlain = group.GetFlags() == OrvDoc::Group::Flags::Default && group.GetName().empty() &&
                          !group.GetTransparency() && Plexa::IsIdentity(group.GetTransformation());
-    if (!isPlain || !first || !IsPathClip(*first) || !first->GetName().empty()) {
+    if (!isPlain || !first || !IsClip(*first) || !first->GetName().empty()) {
         return false;
     }
     for (const ContentObject* object = first->next; object; object = object->next) {
@@ -140,18 +141,27 @@ bool ContentWalk::TryClipGroup(const OrvDoc::Group& group)
             return false;
         }
     }
-    const auto& path = static_cast<const Path&>(*first);
-    if (!MakePath(path)) {
-        return false;
+    Clip clip;
+    clip.texts = dynamic_cast<const OrvDoc::TextGroup*>(first);
+    if (clip.texts) {
+        if (HasAttributesOfGroup(*clip.texts)) {
+            return false;
+        }
+    } else {
+        clip.path = static_cast<const Path*>(first);
+        if (!MakePath(*clip.path)) {
+            return false;
+        }
+        clip.operators = pathOperators;
     }
-    if (!LeaveMatrix(path.GetTransformation(), group)) {
+    if (!LeaveMatrix(clip.GetMatrix(), group)) {
         return true;
     }
     Container container{first->next};
     container.endsLevel = true;
     containers.push_back(container);
     states.Save();
-    AppendClip({&path, pathOperators});
+    AppendClip(clip);
     return true;
 }
 
@@ -208,10 +218,14 @@ bool ContentWalk::Visit(const OrvDoc::TextGroup& group)
     if (WriteAsForm(group)) {
         return false;
     }
-    if (group.IsClippingObject()) {
-        Refuse(group, "text groups do not clip in the file yet");
+    if (group.IsClippingObject() && group.children.first) {
+        Refuse(group,
+               "text groups with a matrix of their own, or with other objects than texts, do not clip in the "
+               "file");
     }
-    BeginGroup(group, Tags::textGroup);
+    if (!TryTextObject(group)) {
+        BeginGroup(group, Tags::textGroup);
+    }
     return false;
 }
 

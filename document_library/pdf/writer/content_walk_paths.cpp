@@ -33,7 +33,7 @@ const PaintSettings* ContentWalk::FindSettings(const std::shared_ptr<const OrvPa
 
 const PaintSettings* ContentWalk::GetSettings(KnownPaint& known,
                                               const std::shared_ptr<const OrvPaint::Paint>& paint,
-                                              const Path& path, const char* unwritten)
+                                              const ContentObject& object, const char* unwritten)
 {
     if (!paint) {
         return nullptr;
@@ -43,7 +43,7 @@ const PaintSettings* ContentWalk::GetSettings(KnownPaint& known,
         const char* problem = unwritten;
         const PaintSettings* const found = FindSettings(paint, problem);
         if (!found) {
-            Refuse(path, problem);
+            Refuse(object, problem);
             return nullptr;
         }
         known.paint = paint.get();
@@ -52,13 +52,18 @@ const PaintSettings* ContentWalk::GetSettings(KnownPaint& known,
     return &known.settings;
 }
 
-bool ContentWalk::BeginObject(const ContentObject& object, const std::vector<const char*>& flags)
+bool ContentWalk::BeginObject(const ContentObject& object, const std::vector<const char*>& flags,
+                              bool isNeeded)
 {
     const std::string& name = object.GetName();
-    if (flags.empty() && name.empty()) {
+    if (flags.empty() && name.empty() && !isNeeded) {
         return false;
     }
     AppendName(out, Tags::object);
+    if (flags.empty() && name.empty()) {
+        out.append(" BMC\n");
+        return true;
+    }
     out.append(" <<");
     const char* separator = "/";
     for (const char* const flag : flags) {
@@ -73,63 +78,74 @@ bool ContentWalk::BeginObject(const ContentObject& object, const std::vector<con
     return true;
 }
 
+bool ContentWalk::SetPainting(const OrvDoc::Strokable& object, ObjectPainting& painting)
+{
+    painting.fill =
+        GetSettings(fill, object.GetFillPaint(), object, "fills of unknown kinds cannot be written");
+    painting.stroke =
+        GetSettings(stroke, object.GetStrokePaint(), object, "strokes with a form cannot be written");
+    if (painting.fill && painting.stroke && painting.fill->DependsOnMode() &&
+        painting.stroke->DependsOnMode() &&
+        painting.fill->nonzeroOverprint != painting.stroke->nonzeroOverprint) {
+        // There is one overprint mode for both.
+        const PaintSettings*& ordinary = painting.fill->nonzeroOverprint ? painting.stroke : painting.fill;
+        painting.changed = colors.WithoutMode(*ordinary);
+        ordinary = &painting.changed;
+    }
+    if (painting.stroke && !IsFinite(object.GetStrokeProperties())) {
+        return Refuse(object, "objects with infinite stroke properties cannot be written");
+    }
+    painting.blending = GetBlending(object);
+    painting.halftones = GetHalftones(object);
+    const std::shared_ptr<OrvDoc::HalftoneSet>* const stated =
+        painting.IsPainted() || painting.halftones ? &painting.halftones : nullptr;
+    const auto findParameters = [&] {
+        return states.FindParameters(painting.fill, painting.stroke, painting.blending, stated);
+    };
+    if (!isInTextObject && !GoToMatrix(object.GetTransformation(), findParameters, stated, object)) {
+        return false;
+    }
+    if (painting.fill) {
+        states.SetFillColor(painting.fill->color);
+    }
+    if (painting.stroke) {
+        states.SetStrokeColor(painting.stroke->color);
+        states.SetStrokeProperties(object.GetStrokeProperties());
+    }
+    states.SetParameters(findParameters(), stated);
+    if (!isInTextObject) {
+        EnterMatrix(object.GetTransformation());
+    }
+    return true;
+}
+
 bool ContentWalk::Visit(const Path& path)
 {
     if (path.GetFillPaint() && path.GetFillPaint()->GetType() == OrvPaint::Paint::Type::Form) {
-        return WriteForm(path);
+        return !WriteGlyph(path) && WriteForm(path);
     }
     if (!MakePath(path)) {
         return false;
     }
-    const PaintSettings* fillSettings =
-        GetSettings(fill, path.GetFillPaint(), path, "fills of unknown kinds cannot be written");
-    const PaintSettings* strokeSettings =
-        GetSettings(stroke, path.GetStrokePaint(), path, "strokes with a form cannot be written");
-    PaintSettings changed;
-    if (fillSettings && strokeSettings && fillSettings->DependsOnMode() && strokeSettings->DependsOnMode() &&
-        fillSettings->nonzeroOverprint != strokeSettings->nonzeroOverprint) {
-        // There is one overprint mode for both.
-        const PaintSettings*& ordinary = fillSettings->nonzeroOverprint ? strokeSettings : fillSettings;
-        changed = colors.WithoutMode(*ordinary);
-        ordinary = &changed;
-    }
-    if (strokeSettings && !IsFinite(path.GetStrokeProperties())) {
-        return Refuse(path, "paths with infinite stroke properties cannot be written");
-    }
-    const OrvBlend::Transparency blending = GetBlending(path);
-    const bool isPainted = fillSettings || strokeSettings;
-    const std::shared_ptr<OrvDoc::HalftoneSet> halftones = GetHalftones(path);
-    const std::shared_ptr<OrvDoc::HalftoneSet>* const stated = isPainted || halftones ? &halftones : nullptr;
-    const auto findParameters = [&] {
-        return states.FindParameters(fillSettings, strokeSettings, blending, stated);
-    };
-    if (!GoToMatrix(path.GetTransformation(), findParameters, stated, path)) {
+    ObjectPainting painting;
+    if (!SetPainting(path, painting)) {
         return false;
     }
-    if (fillSettings) {
-        states.SetFillColor(fillSettings->color);
-    }
-    if (strokeSettings) {
-        states.SetStrokeColor(strokeSettings->color);
-        states.SetStrokeProperties(path.GetStrokeProperties());
-    }
-    states.SetParameters(findParameters(), stated);
-    EnterMatrix(path.GetTransformation());
     const bool isEvenOdd = path.DefiningCompound()->GetWindingRule() == Plexa::WindingRule::EvenOdd;
-    std::vector<const char*> flags = GetBlendingFlags(path, blending);
-    if (isEvenOdd && !fillSettings) {
+    std::vector<const char*> flags = GetBlendingFlags(path, painting.blending);
+    if (isEvenOdd && !painting.fill) {
         flags.push_back(Tags::evenOddKey);
     }
-    if (halftones && !isPainted) {
+    if (painting.halftones && !painting.IsPainted()) {
         flags.push_back(Tags::halftonesKey);
     }
     const bool isMarked = BeginObject(path, flags);
     out.append(pathOperators);
-    if (fillSettings) {
-        out.append(strokeSettings ? "B" : "f");
+    if (painting.fill) {
+        out.append(painting.stroke ? "B" : "f");
         out.append(isEvenOdd ? "*\n" : "\n");
     } else {
-        out.append(strokeSettings ? "S\n" : "n\n");
+        out.append(painting.stroke ? "S\n" : "n\n");
     }
     out.append(isMarked ? "EMC\n" : "");
     return false;

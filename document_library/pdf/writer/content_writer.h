@@ -10,6 +10,7 @@
 #include "pdf/writer/graphics_state_writer.h"
 #include "pdf/writer/nested_reference.h"
 #include "pdf/writer/paint_patterns.h"
+#include "pdf/writer/used_fonts.h"
 #include "pdf/writer/writing_problems.h"
 
 namespace OrvDoc
@@ -37,6 +38,7 @@ struct WrittenContent
     std::vector<OrvDoc::Layer::Membership> layers;    ///< `oc`
     std::vector<OrvDoc::MarkedContent> propertyLists; ///< `mc`
     std::vector<FormReference> forms;                 ///< `fm`
+    std::vector<UsedFont> fonts;                      ///< `f`
     WritingProblems problems;
 };
 

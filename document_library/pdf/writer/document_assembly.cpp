@@ -1,11 +1,14 @@
 #include "pdf/writer/document_assembly.h"
 
+#include <algorithm>
+
 #include <qpdf/QPDF.hh>
 
 #include <orv_doc/document.h>
 #include <orv_doc/page_content.h>
 
 #include "pdf/reader/pdf_document_source.h"
+#include "pdf/writer/fonts_writer.h"
 #include "pdf/writer/layer_objects.h"
 #include "pdf/writer/layers_writer.h"
 #include "pdf/writer/links_writer.h"
@@ -94,7 +97,8 @@ DocumentAssembly AssembleDocument(const OrvDoc::Document& document, const boost:
 
     const std::vector<PageEntry> pages = FindPageObjects(document, source, maker);
     NestedWriter nested(document, maker, separations, folder);
-    ResourcesWriter resources(maker, layers, nested);
+    FontsWriter fonts(maker, source ? &source->GetFile() : nullptr);
+    ResourcesWriter resources(maker, layers, nested, fonts);
     PageWriter pageWriter(maker, separations, resources, nested);
     auto entry = pages.begin();
     for (auto page = document.GetPagesBegin(); page != document.GetPagesEnd(); ++page, ++entry) {
@@ -107,10 +111,14 @@ DocumentAssembly AssembleDocument(const OrvDoc::Document& document, const boost:
                         maker);
     WriteResolvedLinks(document.GetNormalizedPDFLinks(), catalogue);
     assembly.errors = layers.GetProblems().GetTexts({});
+    for (std::string& text : fonts.WriteAll()) {
+        assembly.errors.push_back(std::move(text));
+    }
     FinishObjects(assembly, maker, source);
     // Layers came with 1.5, and so did object streams; transparency came with 1.4; all else that is
-    // written is older.
-    assembly.version = layers.GetAllGroups().empty() ? "1.4" : "1.5";
+    // written is older, but for fonts.
+    assembly.version =
+        std::max(fonts.GetVersion(), std::string(layers.GetAllGroups().empty() ? "1.4" : "1.5"));
     return assembly;
 }
 

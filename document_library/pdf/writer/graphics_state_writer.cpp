@@ -37,6 +37,7 @@ GraphicsStateWriter::GraphicsStateWriter(std::string& output, ContentStart start
     }
     if (start != ContentStart::Page) {
         level.properties = nullptr;
+        level.text = TextParameters::Unknown();
         level.areParametersKnown = false;
     }
     levels.push_back(level);
@@ -131,6 +132,17 @@ void GraphicsStateWriter::SetColor(PaintColor& current, const PaintColor& color,
     }
     out.append(isDevice ? operators.device[color.space] : operators.color);
     current = color;
+}
+
+void GraphicsStateWriter::SetText(const TextParameters& wanted)
+{
+    TextParameters& current = levels.back().text;
+    AppendTextParameters(out, current, wanted);
+    const std::size_t font = wanted.font == TextParameters::noFont ? current.font : wanted.font;
+    const double size = wanted.font == TextParameters::noFont ? current.size : wanted.size;
+    current = wanted;
+    current.font = font;
+    current.size = size;
 }
 
 void GraphicsStateWriter::SetInitialStrokeProperties()

@@ -8,6 +8,7 @@
 #include "pdf/writer/content_text.h"
 #include "pdf/writer/ext_g_state.h"
 #include "pdf/writer/paint_color.h"
+#include "pdf/writer/text_parameters.h"
 
 namespace OrvPdf
 {
@@ -43,6 +44,13 @@ public:
     void SetInitialFillColor() { SetFillColor(PaintColor()); }
     void SetInitialStrokeColor() { SetStrokeColor(PaintColor()); }
     void SetInitialStrokeProperties();
+    const TextParameters& GetText() const { return levels.back().text; }
+    /// For what is written next.
+    void SetText(const TextParameters& wanted);
+    /// What somebody else has written.
+    void NoteText(const TextParameters& written) { levels.back().text = written; }
+    /// The parameters of text that a page begins with, but for the font, which none is.
+    void SetInitialText() { SetText(TextParameters()); }
     /// What an object needs. The overprint that is asked for by no paint stays as it is. Both may be null; of
     /// two that depend on the mode both have the same one. `halftones` is null where they may stay as they
     /// are.
@@ -71,6 +79,7 @@ private:
         /// Null if they are not known. Otherwise their owner lives as long as the content that is being
         /// written.
         const OrvDoc::StrokeProperties* properties;
+        TextParameters text;
         ExtGState parameters;
         bool areParametersKnown = true;
     };

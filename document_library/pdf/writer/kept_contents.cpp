@@ -10,6 +10,7 @@
 #include <orv_paint/form_paint.h>
 #include <orv_paint/pattern_paint.h>
 
+#include "pdf/reader/glyph_source.h"
 #include "pdf/reader/nested_source.h"
 
 namespace OrvPdf
@@ -105,6 +106,11 @@ bool KeptContents::MayKeep(const NestedContent& inside, bool isModelled)
         return true;
     }
     const auto* const anySource = dynamic_cast<const NestedSource*>(inside.content->GetSource());
+    const auto* const glyph = dynamic_cast<const GlyphSource*>(anySource);
+    if (glyph && glyph->canBeShown) {
+        // The font draws it, wherever it is shown.
+        return inside.content->GetRevision() == glyph->baseRevision;
+    }
     return !isModelled && anySource && inside.content->GetRevision() == anySource->baseRevision &&
            MayKeep(*inside.content, false);
 }

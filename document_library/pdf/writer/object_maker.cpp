@@ -10,6 +10,17 @@ namespace OrvPdf
 
 using OrvSys::PdfObject;
 
+namespace
+{
+
+QPDFObjectHandle MakeNumberObject(const std::string& text)
+{
+    const bool isInteger = text.find('.') == std::string::npos && text.size() < 10 && text != "-0";
+    return isInteger ? QPDFObjectHandle::newInteger(std::stoll(text)) : QPDFObjectHandle::newReal(text);
+}
+
+} // namespace
+
 ObjectMaker::ObjectMaker(QPDF& givenFile, bool isRewritten) : file(givenFile)
 {
     if (!isRewritten) {
@@ -127,8 +138,14 @@ QPDFObjectHandle ObjectMaker::MakeLength(double milliPoints)
 {
     std::string text;
     AppendLength(text, milliPoints);
-    const bool isInteger = text.find('.') == std::string::npos && text.size() < 10 && text != "-0";
-    return isInteger ? QPDFObjectHandle::newInteger(std::stoll(text)) : QPDFObjectHandle::newReal(text);
+    return MakeNumberObject(text);
+}
+
+QPDFObjectHandle ObjectMaker::MakeNumber(double number)
+{
+    std::string text;
+    AppendNumber(text, number, 0);
+    return MakeNumberObject(text);
 }
 
 } // namespace OrvPdf

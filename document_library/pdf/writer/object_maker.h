@@ -49,6 +49,8 @@ public:
     static QPDFObjectHandle MakeName(const std::string& name);
     /// A length of milli-points, in points.
     static QPDFObjectHandle MakeLength(double milliPoints);
+    /// A number as it is. It must be finite.
+    static QPDFObjectHandle MakeNumber(double number);
 
 private:
     struct Known

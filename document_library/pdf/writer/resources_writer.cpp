@@ -2,6 +2,7 @@
 
 #include <orv_paint/pattern_paint.h>
 
+#include "pdf/writer/fonts_writer.h"
 #include "pdf/writer/layer_objects.h"
 #include "pdf/writer/nested_writer.h"
 #include "pdf/writer/object_maker.h"
@@ -78,6 +79,15 @@ QPDFObjectHandle ResourcesWriter::MakePatterns(const WrittenContent& content)
     return patterns;
 }
 
+QPDFObjectHandle ResourcesWriter::MakeFonts(const WrittenContent& content)
+{
+    QPDFObjectHandle objects = QPDFObjectHandle::newDictionary();
+    for (std::size_t index = 0; index < content.fonts.size(); ++index) {
+        objects.replaceKey("/f" + std::to_string(index), fonts.GetFont(content.fonts[index]));
+    }
+    return objects;
+}
+
 QPDFObjectHandle ResourcesWriter::Make(const WrittenContent& content, QPDFObjectHandle before)
 {
     QPDFObjectHandle resources =
@@ -95,6 +105,7 @@ QPDFObjectHandle ResourcesWriter::Make(const WrittenContent& content, QPDFObject
         forms.replaceKey("/fm" + std::to_string(index), nested.GetForm(content.forms[index]));
     }
     ReplaceCategory(resources, "/XObject", forms);
+    ReplaceCategory(resources, "/Font", MakeFonts(content));
     return resources;
 }
 

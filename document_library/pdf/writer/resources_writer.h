@@ -12,6 +12,7 @@
 namespace OrvPdf
 {
 
+class FontsWriter;
 class LayerObjects;
 class NestedWriter;
 class ObjectMaker;
@@ -20,8 +21,9 @@ class ObjectMaker;
 class ResourcesWriter
 {
 public:
-    ResourcesWriter(ObjectMaker& givenMaker, LayerObjects& givenLayers, NestedWriter& givenNested)
-        : maker(givenMaker), layers(givenLayers), nested(givenNested), shadings(givenMaker)
+    ResourcesWriter(ObjectMaker& givenMaker, LayerObjects& givenLayers, NestedWriter& givenNested,
+                    FontsWriter& givenFonts)
+        : maker(givenMaker), layers(givenLayers), nested(givenNested), fonts(givenFonts), shadings(givenMaker)
     {}
 
     /// The resources of a content: those that `before` has, if it is a dictionary, with the categories
@@ -37,10 +39,12 @@ private:
     QPDFObjectHandle MakeColorSpaces(const WrittenContent& content);
     QPDFObjectHandle MakePatterns(const WrittenContent& content);
     QPDFObjectHandle MakePropertyLists(const WrittenContent& content);
+    QPDFObjectHandle MakeFonts(const WrittenContent& content);
 
     ObjectMaker& maker;
     LayerObjects& layers;
     NestedWriter& nested;
+    FontsWriter& fonts;
     ShadingWriter shadings;
     std::vector<std::string> namedSeparations;
     std::set<std::string> knownSeparations;

@@ -192,7 +192,15 @@ TEST_F(InterpreterForms, WhatAnInnerFormDependsOnTheOuterOneDependsOnToo)
 
 TEST_F(InterpreterForms, TextThatSetsWhatItNeedsMakesNoOtherForm)
 {
-    EXPECT_EQ(CountForms("BT /T 9 Tf 0 g (x) Tj ET " + square, "1 0 0 rg 3 w", "5 Tc"), 1U);
+    EXPECT_EQ(CountForms("BT /T 9 Tf 0 g 0 Tc (x) Tj ET " + square, "1 0 0 rg 3 w", "5 Tc"), 1U);
+}
+
+TEST_F(InterpreterForms, TextUnderEachParameterFromAroundMakesAnotherForm)
+{
+    for (const char* const parameter : {"5 Tc", "5 Tw", "5 Tz", "5 Ts", "1 Tr", "1 0 0 rg"})
+        EXPECT_EQ(CountForms("BT /T 9 Tf (x) Tj ET", parameter, ""), 2U) << parameter;
+    EXPECT_EQ(CountForms("BT /T 9 Tf (x) Tj ET", "5 TL", ""), 1U);
+    EXPECT_EQ(CountForms("BT /T 9 Tf (x) ' ET", "5 TL", ""), 2U);
 }
 
 TEST_F(InterpreterForms, ATransferFunctionFromAroundIsNoneOfAFormThatPaintsNothing)

@@ -34,9 +34,7 @@ TEST(InterpreterProblems, OperatorsWithoutAPlaceInTheModelAreCounted)
     EXPECT_TRUE(reading.result.hasUnmodelled);
     EXPECT_THAT(reading.result.damaged, IsEmpty());
     EXPECT_THAT(reading.result.errors,
-                ElementsAre("operator BT: text is not modelled, byte 0",
-                            "operator Tj: text is not modelled, byte 3 and 1 more",
-                            "operator ET: text is not modelled, byte 17",
+                ElementsAre("operator Tj: text without a font, byte 3 and 1 more",
                             "operator Do: resource /Im1: it is missing, byte 20 and 1 more",
                             "operator Do: resource /Im2: it is missing, byte 36",
                             "operator sh: shading /Sh1: it is missing, byte 44"));

@@ -18,10 +18,13 @@
 #include <orv_doc/marked_content.h>
 #include <orv_doc/path.h>
 #include <orv_doc/read_options.h>
+#include <orv_doc/text.h>
 #include <orv_doc/text_group.h>
+#include <orv_font/font.h>
 #include <orv_paint/flat_paint.h>
 #include <plexa/compound.h>
 
+#include "orv_font/font_source.h"
 #include "pdf/number_text.h"
 #include "pdf/reader/content_interpreter.h"
 #include "pdf/reader/content_resources.h"
@@ -29,6 +32,39 @@
 /// Content streams to objects in a line, and the objects as a text of one line.
 namespace OrvPdf::Testing
 {
+
+/// Codes of one byte, all with one advance, none with an outline.
+class PlainFontSource : public OrvFont::Detail::FontSource
+{
+public:
+    explicit PlainFontSource(double givenAdvance) : advance(givenAdvance) {}
+
+    std::shared_ptr<const Plexa::Compound> MakeOutline(const OrvFont::Character&) const override
+    {
+        return nullptr;
+    }
+    double GetAdvance(const OrvFont::Character&) const override { return advance; }
+    bool FindCharacter(char32_t, OrvFont::Character&) const override { return false; }
+    void Decode(std::string_view bytes, std::vector<OrvFont::Character>& characters) const override
+    {
+        for (const char byte : bytes) {
+            const auto code = static_cast<unsigned char>(byte);
+            characters.push_back({code, code, 1});
+        }
+    }
+
+private:
+    double advance;
+};
+
+inline std::shared_ptr<const OrvFont::Font>
+MakePlainFont(const std::string& name, OrvFont::WritingMode mode = OrvFont::WritingMode::Horizontal,
+              double advance = 500.0)
+{
+    return std::make_shared<const OrvFont::Font>(OrvFont::Font::Names{name, name, "Regular"},
+                                                 OrvFont::Font::Rectangle(), mode,
+                                                 std::make_unique<PlainFontSource>(advance));
+}
 
 /// Resources that a test lists. The device spaces and `Pattern` are always there.
 class FakeResources : public ContentResources
@@ -42,6 +78,14 @@ public:
     std::map<std::string, OrvSys::PdfObject> states;
     std::map<std::string, std::shared_ptr<const Pattern>> patterns;
     std::map<std::string, std::shared_ptr<const ShadingResource>> shadings;
+    /// `F` and `G` have codes of one byte and advances of 500; `V` is written vertically with advances of
+    /// -1000.
+    std::map<std::string, std::shared_ptr<const OrvFont::Font>> fonts{
+        {"F", MakePlainFont("F")},
+        {"G", MakePlainFont("G")},
+        {"V", MakePlainFont("V", OrvFont::WritingMode::Vertical, -1000.0)}};
+    /// By the names of states.
+    std::map<std::string, SizedFont> stateFonts;
     std::map<std::string, PropertyList> lists;
     std::map<std::string, XObject> xObjects;
     std::map<std::string, std::shared_ptr<MaskDefinition>> masks;
@@ -67,6 +111,24 @@ public:
     std::shared_ptr<const ShadingResource> FindShading(const std::string& name, std::string& problem) override
     {
         return Find(shadings, name, problem);
+    }
+
+    std::shared_ptr<const OrvFont::Font> FindFont(const std::string& name, std::string& problem) override
+    {
+        return Find(fonts, name, problem);
+    }
+
+    SizedFont FindFontOfState(const std::string& state, std::string& problem) override
+    {
+        return Find(stateFonts, state, problem);
+    }
+
+    bool HasGlyphContents(const OrvFont::Font&) override { return false; }
+
+    std::shared_ptr<FormDefinition> FindGlyph(const std::shared_ptr<const OrvFont::Font>&,
+                                              const OrvFont::Character&, std::string&) override
+    {
+        return nullptr;
     }
 
     boost::optional<PropertyList> FindPropertyList(const std::string& name, std::string& problem) override
@@ -240,10 +302,56 @@ inline std::string GroupText(const OrvDoc::Group& group)
     return text + "[" + TreeText(group.children) + "]";
 }
 
+/// Codes and steps: `(A back 120 B move 0 -12 C)`.
+inline std::string ShownTextOf(const OrvDoc::ShownText& shown)
+{
+    static const char* const words[] = {"back", "move", "line", "turn", "scale", "rise"};
+    std::string text;
+    const auto add = [&text](const std::string& word) { text += (text.empty() ? "" : " ") + word; };
+    std::size_t position = 0;
+    const double* value = shown.GetValues().data();
+    for (const auto& step : shown.GetSteps()) {
+        if (step.position > position)
+            add(shown.GetCodes().substr(position, step.position - position));
+        position = step.position;
+        add(words[static_cast<std::size_t>(step.kind)]);
+        for (std::size_t left = OrvDoc::ShownText::CountValues(step.kind); left > 0; --left)
+            add(ShortNumber(*value++));
+    }
+    if (position < shown.GetCodes().size())
+        add(shown.GetCodes().substr(position));
+    return "(" + text + ")";
+}
+
+/// `F 12 (AB) at 1,0,0,1,0,0 fill Gray 0`; the matrix is left out if it is the identity.
+inline std::string TextText(const OrvDoc::Text& object)
+{
+    std::string text = object.GetFont()->GetName() + " " + ShortNumber(object.GetSize());
+    text += CommonText(object);
+    if (object.GetCharSpacing().value != 0.0)
+        text += " spaced " + ShortNumber(object.GetCharSpacing().value);
+    if (object.GetWordSpacing().value != 0.0)
+        text += " words " + ShortNumber(object.GetWordSpacing().value);
+    text += " " + ShownTextOf(*object.GetShownText());
+    const auto& t = object.GetTextTransformation();
+    if (!Plexa::IsIdentity(t)) {
+        text += " at ";
+        for (const double number : {t.a, t.b, t.c, t.d, t.x.value, t.y.value})
+            text += (text.back() == ' ' ? "" : ",") + ShortNumber(number);
+    }
+    if (object.GetFillPaint())
+        text += " fill " + PaintText(object.GetFillPaint());
+    if (object.GetStrokePaint())
+        text += " stroke " + PaintText(object.GetStrokePaint());
+    return text + StrokeText(object.GetStrokeProperties());
+}
+
 inline std::string ObjectText(const OrvDoc::ContentObject& object)
 {
     if (const auto* const group = dynamic_cast<const OrvDoc::Group*>(&object))
         return GroupText(*group);
+    if (const auto* const text = dynamic_cast<const OrvDoc::Text*>(&object))
+        return TextText(*text);
     const auto* const path = dynamic_cast<const OrvDoc::Path*>(&object);
     if (!path)
         return "?";

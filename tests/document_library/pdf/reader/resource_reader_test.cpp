@@ -37,6 +37,10 @@ public:
 
     ColorSpace::Pointer Space(const std::string& name) { return reader.FindColorSpace(name, problem); }
     PdfObject State(const std::string& name) { return reader.FindGraphicsState(name, problem); }
+    OrvPdf::ContentResources::SizedFont FontOfState(const std::string& name)
+    {
+        return reader.FindFontOfState(name, problem);
+    }
     boost::optional<OrvPdf::ContentResources::PropertyList> List(const std::string& name)
     {
         return reader.FindPropertyList(name, problem);
@@ -212,6 +216,23 @@ TEST(ResourceReader, TellsAGraphicsStateThatIsNoDictionary)
     Resources resources("/ExtGState << /GS1 [1] >>");
     EXPECT_TRUE(resources.State("GS1").IsNull());
     EXPECT_THAT(resources.problem, HasSubstr("no dictionary"));
+}
+
+TEST(ResourceReader, FindsTheFontOfAState)
+{
+    Resources resources(
+        "/Font << /F 6 0 R >> /ExtGState << /A << /Font [6 0 R 9.5] >> /B << /Font [6 0 R] >> "
+        "/C << /Font [null 9] >> >>",
+        {"<< /Type /Font /Subtype /Type1 /BaseFont /Courier >>"});
+    const auto sized = resources.FontOfState("A");
+    EXPECT_EQ(sized.size, 9.5);
+    ASSERT_TRUE(sized.font);
+    EXPECT_EQ(sized.font->GetName(), "Courier");
+    for (const char* const state : {"B", "C"}) {
+        resources.problem.clear();
+        EXPECT_FALSE(resources.FontOfState(state).font);
+        EXPECT_NE(resources.problem, "");
+    }
 }
 
 TEST(ResourceReader, FindsAPropertyListWithItsObjectNumber)

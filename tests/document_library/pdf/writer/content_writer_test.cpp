@@ -150,15 +150,27 @@ TEST(ContentWriter, SaysTheMatrixOfAGroupTwice)
 TEST(ContentWriter, SaysATextGroup)
 {
     auto group = std::make_unique<OrvDoc::TextGroup>();
-    EXPECT_EQ(BytesOf(std::move(group)), "/OrvTextGroup BMC\nEMC\n");
+    EXPECT_EQ(BytesOf(std::move(group)), "BT\nET\n");
+    EXPECT_EQ(BytesOf(Named(std::make_unique<OrvDoc::TextGroup>(), "g")),
+              "/OrvTextGroup <</Name (g)>> BDC\nEMC\n");
 }
 
-TEST(ContentWriter, SaysThatATextGroupClips)
+TEST(ContentWriter, SaysThatATextGroupClipsWhichHasNoText)
 {
     auto group = std::make_unique<OrvDoc::TextGroup>();
     group->SetClippingObject(true);
     const WrittenContent written = WriteObjects(std::move(group));
     EXPECT_EQ(written.bytes, "/OrvTextGroup <</Clip true>> BDC\nEMC\n");
+    EXPECT_TRUE(written.problems.IsEmpty());
+}
+
+TEST(ContentWriter, TellsThatATextGroupWithAPathDoesNotClipInTheFile)
+{
+    auto group = std::make_unique<OrvDoc::TextGroup>();
+    group->AddOnTop(Line().release());
+    group->SetClippingObject(true);
+    const WrittenContent written = WriteObjects(std::move(group));
+    EXPECT_EQ(written.bytes, std::string("/OrvTextGroup <</Clip true>> BDC\n") + line + "n\nEMC\n");
     EXPECT_FALSE(written.problems.IsEmpty());
 }
 

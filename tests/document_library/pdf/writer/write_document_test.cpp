@@ -231,12 +231,13 @@ TEST_F(WriteDocument, ReplacesTheResourcesThatItSaysAnewAndKeepsTheOthers)
     const auto document =
         ReadFile(PdfFileOfPages({"/A cs 0.5 sc 0 0 1 1 re f"}, "",
                                 "/ColorSpace<</A[/CalGray<</WhitePoint[0.9 1 0.9]>>]/DefaultRGB "
-                                "/DeviceRGB>>/Font<</F 9 0 R>>/ExtGState<</G<</LW 1>>>>"));
+                                "/DeviceRGB>>/Font<</F 9 0 R>>/ProcSet[/PDF]/ExtGState<</G<</LW 1>>>>"));
     Save(*document);
     QPDFObjectHandle resources = SavedPage().getKey("/Resources");
     EXPECT_EQ(resources.getKey("/ColorSpace").getKeys(), std::set<std::string>{"/cs0"});
     EXPECT_FALSE(resources.hasKey("/ExtGState"));
-    EXPECT_TRUE(resources.hasKey("/Font"));
+    EXPECT_FALSE(resources.hasKey("/Font"));
+    EXPECT_TRUE(resources.hasKey("/ProcSet"));
 }
 
 TEST_F(WriteDocument, KeepsWhatHasNoPlaceInTheModel)
