@@ -88,6 +88,17 @@ TEST_F(GlyphContents, AGlyphWithColoursOfItsOwnHasThem)
     EXPECT_THAT(file.Errors(), IsEmpty());
 }
 
+TEST_F(GlyphContents, AFormThatWasMadeOfAGlyphIsNoTextAnyMore)
+{
+    using OrvPaint::FormPaint;
+    Read({"BT /T3 10 Tf (A) Tj ET"}, {coloured});
+    const auto& form = dynamic_cast<const FormPaint&>(*Glyph(0).GetFillPaint());
+    Glyph(0).SetFillPaint(FormPaint::Factory(form).SetScope(FormPaint::Scope::File).Get());
+    file.Reopen();
+    EXPECT_THAT(file.SavedStream(), HasSubstr(" Do"));
+    EXPECT_THAT(file.Shown(), ElementsAre("@10,0,0,10,0,0[" + square + " fill RGB 1 0 0]"));
+}
+
 TEST_F(GlyphContents, AStencilHasTheColourAroundWhateverItSets)
 {
     Read({"0 1 0 rg BT /T3 10 Tf (A) Tj ET"},

@@ -73,6 +73,16 @@ protected:
     Reading reading;
 };
 
+TEST_F(TransferFunctions, AreThoseThatTextIsPaintedUnder)
+{
+    Define("G", {{"TR", Power(2)}});
+    Define("H", {{"TR2", PdfObject::Name("Default")}});
+    reading.Read("/G gs BT /F 10 Tf (A) Tj ET /H gs");
+    EXPECT_TRUE(reading.content->GetTransferFunctionSet());
+    reading.Read("/G gs BT /F 10 Tf 3 Tr (A) Tj ET /H gs");
+    EXPECT_FALSE(reading.content->GetTransferFunctionSet());
+}
+
 TEST_F(TransferFunctions, OneFunctionIsTheDefaultFunction)
 {
     EXPECT_TRUE(AreEqual(Under({{"TR", Power(2)}}), TransferFunctionSet(PowerFunction(2), {})));
