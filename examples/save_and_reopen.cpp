@@ -39,9 +39,9 @@ The last line on standard error counts both.
 
     --password TEXT         password of the file, if it is encrypted
     --keep NEW              also keeps what was saved, under this name; a file of that name is replaced
-    --rewrite               writes every content anew from the model, also those of forms, patterns and soft masks;
-                            without it, one that holds something that could not be read into the model stays as it
-                            is in the file
+    --rewrite               writes every content anew from the model, also those of forms, patterns and soft masks,
+                            but for the glyphs of Type 3 fonts, which would be no text any more; without it, one
+                            that holds something that could not be read into the model stays as it is in the file
     --help                  writes this text
 
 Exit code: 0 if what came back is equal, 1 if it differs, 2 if the file could not be read, saved or read again;
