@@ -90,6 +90,15 @@ bool SegmentsMatch(const Plexa::Segment& left, const Plexa::Segment& right)
            PointsMatch(left.GetSecondControlPoint(), right.GetSecondControlPoint());
 }
 
+/// Whether two shapes are one and the same bit by bit.
+bool AreSameShape(const Plexa::Compound& left, const Plexa::Compound& right)
+{
+    return left.GetWindingRule() == right.GetWindingRule() &&
+           AllSubpaths(left, right, [](const Plexa::Subpath& one, const Plexa::Subpath& other) {
+               return AllSegments(one, other, SameSegments);
+           });
+}
+
 } // namespace
 
 void ComparePath(ComparisonContext&, DifferenceScope<OrvDoc::ContentObject>& scope)
@@ -108,14 +117,6 @@ void ComparePath(ComparisonContext&, DifferenceScope<OrvDoc::ContentObject>& sco
     if (CompareCompounds(*leftShape, *rightShape))
         return;
     CompareOrReport(scope, "ObjectShape", Print(left.DefiningCompound()), Print(right.DefiningCompound()));
-}
-
-bool AreSameShape(const Plexa::Compound& left, const Plexa::Compound& right)
-{
-    return left.GetWindingRule() == right.GetWindingRule() &&
-           AllSubpaths(left, right, [](const Plexa::Subpath& one, const Plexa::Subpath& other) {
-               return AllSegments(one, other, SameSegments);
-           });
 }
 
 bool CompareCompounds(const Plexa::Compound& left, const Plexa::Compound& right)

@@ -23,9 +23,6 @@ struct ComparisonContext;
 /// its position.
 void ComparePath(ComparisonContext& context, DifferenceScope<OrvDoc::ContentObject>& scope);
 
-/// Whether two shapes are one and the same bit by bit.
-bool AreSameShape(const Plexa::Compound& left, const Plexa::Compound& right);
-
 /// Whether two shapes have subpaths that are equal by position. The winding rule takes no part.
 bool CompareCompounds(const Plexa::Compound& left, const Plexa::Compound& right);
 

@@ -41,7 +41,7 @@ public:
     virtual Code Next(std::string_view& bytes) const = 0;
     virtual OrvFont::WritingMode GetWritingMode() const = 0;
     virtual const std::string& GetName() const = 0;
-    /// Such as `Japan1` and `Adobe`; empty if it does not say.
+    /// Such as `Adobe` and `Japan1`; empty if it does not say.
     virtual const std::string& GetRegistry() const = 0;
     virtual const std::string& GetOrdering() const = 0;
 };
