@@ -11,6 +11,9 @@
 #include <orv_doc/text.h>
 #include <orv_doc/text_group.h>
 #include <orv_font/font.h>
+#include <orv_img/painted_picture.h>
+#include <orv_img/picture_data.h>
+#include <orv_img/picture_source.h>
 #include <plexa/compound.h>
 
 #include "orv_doc/info_text.h"
@@ -31,6 +34,35 @@ void AddHalftones(InfoText& info, const std::shared_ptr<HalftoneSet>& halftones)
         return;
     std::ostringstream text;
     text << "halftones " << *halftones;
+    info.Add(text.str());
+}
+
+std::string GetSize(const OrvImg::PictureData& picture)
+{
+    return std::to_string(picture.GetWidth()) + " x " + std::to_string(picture.GetHeight());
+}
+
+/// Its size, depth and colour space, without asking for a sample.
+void AddPicture(InfoText& info, const OrvImg::PictureData& picture)
+{
+    const OrvImg::PictureSource& source = *picture.GetPictureSource();
+    info.Add(GetSize(picture) + " pixels");
+    info.AddCount(source.GetBitsPerChannel(), "bit");
+    std::ostringstream space;
+    space << (source.GetColorTable() ? "indexed " : "") << source.GetColorSpace();
+    info.Add(space.str());
+    if (picture.GetLink())
+        info.AddQuoted("link", picture.GetLink()->uri);
+}
+
+void AddMask(InfoText& info, const OrvImg::PaintedPicture& picture)
+{
+    if (picture.GetMaskKind(false) == OrvImg::MaskKind::None)
+        return;
+    std::ostringstream text;
+    text << "mask " << picture.GetMaskKind(false);
+    if (picture.GetMaskData(false) && picture.GetMaskData(false) != picture.GetPictureData(false))
+        text << ' ' << GetSize(*picture.GetMaskData(false));
     info.Add(text.str());
 }
 
@@ -122,6 +154,10 @@ Info Text::DumpInfo() const
 Info Image::DumpInfo() const
 {
     InfoText info;
+    if (picture) {
+        AddPicture(info, *picture->GetPictureData(false));
+        AddMask(info, *picture);
+    }
     AddHalftones(info, halftoneSet);
     return {"Image", info.AddObject(*this).Get()};
 }
@@ -129,6 +165,9 @@ Info Image::DumpInfo() const
 Info ImageMask::DumpInfo() const
 {
     InfoText info;
+    if (data) {
+        info.Add(GetSize(*data) + " pixels");
+    }
     info.AddPaint("fill", GetFillPaint().get());
     AddHalftones(info, GetHalftoneSet());
     return {"ImageMask", info.AddObject(*this).Get()};

@@ -15,6 +15,9 @@
 #include <orv_doc/marked_content.h>
 #include <orv_doc/text.h>
 #include <orv_doc/text_group.h>
+#include <orv_img/buffered_picture_source.h>
+#include <orv_img/painted_picture.h>
+#include <orv_img/picture_data.h>
 #include <orv_paint/whole_shading_paint.h>
 
 #include "document_library/orv_doc/nested_makers.h"
@@ -124,6 +127,24 @@ TEST(DumpInfo, TellsKindAndPropertiesOfEachClass)
     TextGroup textGroup;
     textGroup.SetClippingObject(true);
     EXPECT_EQ(textGroup.DumpInfo(), Info("TextGroup", "0 children, clipping"));
+}
+
+TEST(DumpInfo, TellsThePictureOfAnImageAndItsMask)
+{
+    const auto document = Document::CreateNew();
+    const auto makeData = [&](std::size_t width, std::size_t bits) {
+        const OrvImg::ColorSpace space = OrvImg::DeviceGray();
+        return OrvImg::PictureData::Factory(
+                   *document, std::make_shared<OrvImg::BufferedPictureSource>(
+                                  OrvImg::PictureBuffer::Factory(width, 2, 1, bits).GetResult(), space,
+                                  OrvImg::GetChannelInfosForColorSpace(space), nullptr, 0.0, 0.0, nullptr))
+            .Get();
+    };
+    OrvImg::PaintedPicture::Factory factory(*document, makeData(3, 8), false);
+    factory.SetMaskKind(OrvImg::MaskKind::SoftMask).SetMaskData(makeData(5, 4));
+    EXPECT_EQ(Image(factory.Get()).DumpInfo().second,
+              "3 x 2 pixels, 8 bits, DeviceGray, mask SoftMask 5 x 2");
+    EXPECT_EQ(ImageMask(makeData(4, 1)).DumpInfo().second, "4 x 2 pixels");
 }
 
 TEST(DumpInfo, TellsTransparencyAndMarkedContent)

@@ -1,0 +1,8 @@
+#include <orv_img/picture_stream.h>
+
+namespace OrvImg
+{
+
+PictureStream::~PictureStream() = default;
+
+} // namespace OrvImg
