@@ -5,12 +5,12 @@
 
 #include "mapping_comparison.h"
 
+#include "decode_equality.h"
 #include "entry_search.h"
 
 #include <orv_doc/content_object.h>
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
 
 namespace HarrowSupport::Comparators
@@ -18,9 +18,6 @@ namespace HarrowSupport::Comparators
 
 namespace
 {
-
-/// How far two decode numbers may be apart. Half a step of a 16-bit sample.
-constexpr double decodeTolerance = 7.62939453125e-06;
 
 using ChannelValue = OrvColor::ChannelMappingPolicy::Value;
 
@@ -47,10 +44,7 @@ bool MappingValuesEqual(std::size_t left, std::size_t right)
 
 bool MappingValuesEqual(const ChannelValue& left, const ChannelValue& right)
 {
-    if (left.index != right.index)
-        return false;
-    return !IsMapped(left) || (std::fabs(left.decode[0] - right.decode[0]) < decodeTolerance &&
-                               std::fabs(left.decode[1] - right.decode[1]) < decodeTolerance);
+    return NameTheSameChannel(left, right);
 }
 
 template <typename List>

@@ -7,7 +7,6 @@
 
 #include "comparison_context.h"
 #include "image_comparison.h"
-#include "image_mask_comparison.h"
 #include "object_properties_comparison.h"
 #include "object_type_name.h"
 #include "paint_comparison.h"

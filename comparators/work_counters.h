@@ -12,6 +12,7 @@ struct WorkCounters
     std::uint64_t pairsCompared;  ///< pairs of content objects
     std::uint64_t textsBuilt;     ///< text streams made to show values
     std::uint64_t paintsCompared; ///< pairs of flat paints looked into
+    std::uint64_t samplesDecoded; ///< pairs of samples of pictures compared as numbers
 };
 
 inline thread_local WorkCounters workCounters{};

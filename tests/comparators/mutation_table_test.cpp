@@ -337,11 +337,141 @@ std::vector<Mutation> TextMutations()
     };
 }
 
+void ChangeLast(Samples& samples)
+{
+    samples.back() ^= 1;
+}
+
+/// The pictures of the scene, of which each difference is told for the image as well.
+std::vector<Mutation> PictureMutations()
+{
+    const std::string imageToo = "the image is told as well";
+    return {
+        {"DecodedImageData",
+         "another sample",
+         [](Scene& scene) { ChangeLast(scene.stencilled.samples); },
+         {"DecodedImageData", "Image"},
+         imageToo},
+        {"Image", "another range of a separation beside a calibrated colour",
+         [](Scene& scene) {
+             scene.independent.channels.back().SetDecode({0.0, 0.5});
+         }},
+        {"IndexedImageData",
+         "a table of other colours",
+         [](Scene& scene) {
+             scene.indexed.table = MakeTable(2, {11, 20, 30, 40, 50, 60, 70, 80});
+         },
+         {"IndexedImageData", "Image"},
+         imageToo},
+        {"ImageColorTableSize",
+         "a table of one separation",
+         [](Scene& scene) {
+             scene.indexed.table = MakeTable(1, {10, 30, 50, 70});
+             scene.indexed.channels.pop_back();
+         },
+         {"ImageColorTableSize", "Image"},
+         imageToo},
+        {"ImageWidth",
+         "four pixels in one row",
+         [](Scene& scene) {
+             scene.stencilled.width = 4;
+             scene.stencilled.height = 1;
+         },
+         {"ImageWidth", "Image"},
+         imageToo},
+        {"ImageHeight",
+         "a row fewer",
+         [](Scene& scene) {
+             scene.stencilled.height = 1;
+             scene.stencilled.samples.resize(4);
+         },
+         {"ImageHeight", "Image"},
+         imageToo},
+        {"ImageLink", "a proxy",
+         [](Scene& scene) {
+             scene.picture.link = OrvImg::PictureLink{"a.tif", {}};
+         }},
+        {"ImageDeviceIndependentColorSpace",
+         "red, green and blue of a device, mapped as those of a calibrated space",
+         [](Scene& scene) {
+             scene.independent.mapping = MakePicture(scene.independent)->GetDefaultChannelMapping(false);
+             scene.independent.space = OrvImg::DeviceRGB();
+         },
+         {"ImageDeviceIndependentColorSpace", "Image"},
+         imageToo},
+        {"ImageColorSpace", "another gamma",
+         [](Scene& scene) {
+             OrvImg::CalRGB space;
+             space.gamma = {2.0, 2.0, 2.0};
+             scene.independent.space = space;
+         }},
+        {"ImageChannelInfoColorChannelCount",
+         "calibrated gray",
+         [](Scene& scene) { scene.independent = PlanIn(OrvImg::CalGray(), {ColorChannel("Spot")}); },
+         {"ImageColorSpace", "ImageChannelInfoColorChannelCount", "Image"},
+         "another number of channels is another space"},
+        {"ImageMaskKind",
+         "a colour key",
+         [](Scene& scene) { scene.stencilled.maskKind = OrvImg::MaskKind::ColorKey; },
+         {"ImageMaskKind", "Image"},
+         imageToo},
+        {"DecodedSoftMaskData",
+         "another sample of a mask",
+         [](Scene& scene) {
+             scene.picture.mask = MakePicture(MaskPlan({255, 128, 65, 255}));
+         },
+         {"DecodedImageData", "DecodedSoftMaskData", "Image"},
+         "a soft mask is compared as a picture"},
+        {"DecodedImageMaskData",
+         "another sample of a mask",
+         [](Scene& scene) {
+             scene.stencilled.mask = MakePicture(StencilPlan(2, 2, {1, 0, 0, 0}));
+         },
+         {"DecodedImageMaskData", "Image"},
+         imageToo},
+        {"DecodedImageMaskData",
+         "another sample",
+         [](Scene& scene) { ChangeLast(scene.stencil.samples); },
+         {},
+         "",
+         "OfImageMask"},
+        {"ObjectRenderingIntent",
+         "Saturation",
+         [](Scene& scene) { scene.independent.intent = OrvColor::RenderingIntent::Saturation; },
+         {"ObjectRenderingIntent", "Image"},
+         imageToo},
+        {"ImageOverprint",
+         "overprints",
+         [](Scene& scene) { scene.picture.overprint = true; },
+         {},
+         "",
+         "OfImage"},
+        {"ImageChannelsMapped",
+         "another separation",
+         [](Scene& scene) { scene.picture.channels.back() = ColorChannel("Gold"); },
+         {"ImageChannelsMapped", "Image"},
+         imageToo,
+         "OfImage"},
+        {"ImageChannelMapping",
+         "all separations by no channel",
+         [](Scene& scene) { scene.picture.mapping = PlaceForAll(ChannelAt(Unmapped)); },
+         {"ImageChannelMapping", "Image"},
+         imageToo,
+         "OfImage"},
+        {"ImageRegistrationColorSpace",
+         "all separations by one channel",
+         [](Scene& scene) { scene.indexed.mapping = PlaceForAll(ChannelAt(0)); },
+         {},
+         "",
+         "OfImage"},
+    };
+}
+
 std::vector<Mutation> Table()
 {
     std::vector<Mutation> table;
-    for (const std::vector<Mutation>& part :
-         {ContentMutations(), ObjectMutations(), ShadingMutations(), PaintMutations(), TextMutations()})
+    for (const std::vector<Mutation>& part : {ContentMutations(), ObjectMutations(), ShadingMutations(),
+                                              PaintMutations(), TextMutations(), PictureMutations()})
         table.insert(table.end(), part.begin(), part.end());
     return table;
 }
@@ -440,6 +570,41 @@ TEST(NoChange, OfAnObjectOfNoKnownKindIsToldAllTheSame)
     EXPECT_THAT(Labels(one, other), ElementsAreArray({"UnknownObjectType"}));
 }
 
+// Three labels come under other options alone.
+
+TEST(Change, OfALinkIsToldLooselyIfThatIsAskedFor)
+{
+    const auto labels = [](const std::string& uri) {
+        Scene one;
+        Scene other;
+        one.picture.link = OrvImg::PictureLink{"a.tif", {}};
+        if (!uri.empty())
+            other.picture.link = OrvImg::PictureLink{uri, {}};
+        Comparators::Options options = AllOptions();
+        options.looseImageLinks = true;
+        RecordingReporter reporter;
+        Comparators::Compare(reporter, one.Assemble(), other.Assemble(), options);
+        return reporter.Labels();
+    };
+    EXPECT_THAT(labels(""), ElementsAreArray({"ImageLinkPresence"}));
+    EXPECT_THAT(labels("b.tif"), ElementsAreArray({"ImageLinkURI"}));
+}
+
+TEST(Change, OfAnIndexedPictureToItsExpansionIsToldUnlessItIsExpanded)
+{
+    Scene one;
+    Scene other;
+    other.indexed.table = nullptr;
+    other.indexed.samples = PicturePlan().samples;
+    OrvDoc::Document& left = one.Assemble();
+    OrvDoc::Document& right = other.Assemble();
+    Comparators::Options options = AllOptions();
+    EXPECT_THAT(CompareLines<OrvDoc::Document>(left, right, options), IsEmpty());
+    options.expandIndexedImages = false;
+    EXPECT_THAT(CompareLines<OrvDoc::Document>(left, right, options),
+                ElementsAreArray({"ImageIsIndexed: '1' vs '0'", "Image"}));
+}
+
 TEST(MutationTable, HasEachLabelOnce)
 {
     const std::vector<std::string> told = {"ContentType",
@@ -510,7 +675,26 @@ TEST(MutationTable, HasEachLabelOnce)
                                            "TextCharacterPositions",
                                            "TextCharacters",
                                            "ObjectWindingRuleOfText",
-                                           "ObjectShapeOfText"};
+                                           "ObjectShapeOfText",
+                                           "DecodedImageData",
+                                           "Image",
+                                           "IndexedImageData",
+                                           "ImageColorTableSize",
+                                           "ImageWidth",
+                                           "ImageHeight",
+                                           "ImageLink",
+                                           "ImageDeviceIndependentColorSpace",
+                                           "ImageColorSpace",
+                                           "ImageChannelInfoColorChannelCount",
+                                           "ImageMaskKind",
+                                           "DecodedSoftMaskData",
+                                           "DecodedImageMaskData",
+                                           "DecodedImageMaskDataOfImageMask",
+                                           "ObjectRenderingIntent",
+                                           "ImageOverprintOfImage",
+                                           "ImageChannelsMappedOfImage",
+                                           "ImageChannelMappingOfImage",
+                                           "ImageRegistrationColorSpaceOfImage"};
     std::vector<std::string> rows;
     for (const Mutation& mutation : Table())
         rows.push_back(mutation.GetName());

@@ -4,6 +4,7 @@
 #include "comparators/content_comparison.h"
 #include "comparators/object_type_name.h"
 #include "support/document_makers.h"
+#include "support/picture_plan.h"
 #include "support/recording_reporter.h"
 #include "support/text_makers.h"
 
@@ -31,20 +32,12 @@ PaintPointer Black()
 
 std::unique_ptr<OrvDoc::Image> NewImage()
 {
-    return std::make_unique<OrvDoc::Image>(nullptr);
-}
-
-/// An image of a picture that nobody can look into.
-std::unique_ptr<OrvDoc::Image> ImageOf(const int& picture)
-{
-    const std::shared_ptr<const void> noOwner;
-    return std::make_unique<OrvDoc::Image>(std::shared_ptr<const OrvImg::PaintedPicture>(
-        noOwner, reinterpret_cast<const OrvImg::PaintedPicture*>(&picture)));
+    return ImageOf({});
 }
 
 std::unique_ptr<OrvDoc::ImageMask> NewImageMask()
 {
-    return std::make_unique<OrvDoc::ImageMask>(nullptr);
+    return ImageMaskOf(StencilPlan());
 }
 
 std::unique_ptr<OrvDoc::Text> NewText()
@@ -219,11 +212,13 @@ TEST(CompareObjects, ImagesWithOtherPicturesAreEqualWithoutImageData)
 {
     Comparators::Options options = AllOptions();
     options.compareImageData = false;
-    const int pictures[2] = {};
-    ExpectReports<OrvDoc::ContentObject>(*Named(ImageOf(pictures[0]), "i"), *Named(ImageOf(pictures[1]), "i"),
-                                         {}, options);
-    ExpectReports<OrvDoc::ContentObject>(*Named(ImageOf(pictures[0]), "i"), *Named(ImageOf(pictures[1]), "j"),
+    PicturePlan other;
+    other.samples.back() += 1;
+    ExpectReports<OrvDoc::ContentObject>(*Named(ImageOf({}), "i"), *Named(ImageOf(other), "i"), {}, options);
+    ExpectReports<OrvDoc::ContentObject>(*Named(ImageOf({}), "i"), *Named(ImageOf(other), "j"),
                                          {Difference("ObjectName", "i", "j")}, options);
+    ExpectReports<OrvDoc::ContentObject>(*ImageMaskOf(StencilPlan()),
+                                         *ImageMaskOf(StencilPlan(2, 2, {1, 1, 1, 1})), {}, options);
 }
 
 TEST(CompareObjects, HalftonesOfImagesAreCompared)

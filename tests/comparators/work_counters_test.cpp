@@ -27,7 +27,7 @@ Comparators::WorkCounters WorkOf(const OrvDoc::Document& left, const OrvDoc::Doc
     Comparators::Compare(reporter, left, right, AllOptions());
     const Comparators::WorkCounters& after = Comparators::workCounters;
     return {after.pairsCompared - before.pairsCompared, after.textsBuilt - before.textsBuilt,
-            after.paintsCompared - before.paintsCompared};
+            after.paintsCompared - before.paintsCompared, after.samplesDecoded - before.samplesDecoded};
 }
 
 std::unique_ptr<OrvDoc::Document> Strokes(int count, float tint)

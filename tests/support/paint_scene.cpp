@@ -45,6 +45,10 @@ Scene::Scene()
                .SetExternalReference(std::make_pair(boost::filesystem::path("parts.pdf"), std::size_t{1}))),
       firstOfId(FormOfFile(*document, "first")),
       secondOfId(FormOfFile(*document, "second")),
+      picture(SoftMasked({}, MaskPlan())),
+      stencilled(StencilMasked({}, StencilPlan())),
+      independent(PlanIn(OrvImg::CalRGB(), {ColorChannel("Spot")})),
+      stencil(StencilPlan()),
       stage(NewContent(*document, OrvDoc::Content::Type::FormContent)),
       last(Square("last"))
 {
@@ -53,6 +57,9 @@ Scene::Scene()
     path->SetHalftoneSet(std::make_shared<OrvDoc::HalftoneSet>("Round", OrvSys::PdfObject::Integer(1)));
     group->SetTransparency(std::make_shared<const OrvBlend::Transparency>());
     secondOfCell.SetStep({1000.0, 1000.0});
+    indexed.samples = {0, 1, 2, 3};
+    indexed.table = MakeTable(2, {10, 20, 30, 40, 50, 60, 70, 80});
+    indexed.mapping = Places({{"Spot", ChannelAt(0)}});
 }
 
 OrvDoc::Document& Scene::Assemble()
@@ -70,6 +77,7 @@ OrvDoc::Document& Scene::Assemble()
     PlaceShadings();
     PlacePatterns();
     PlaceForms();
+    PlacePictures();
     if (last != nullptr)
         Place(*stage, std::move(last));
     if (extra != nullptr)
@@ -102,6 +110,12 @@ void Scene::PlaceForms()
     const PaintPointer first = form.Get();
     const PaintPointer again = formIsShared ? first : form.Get();
     Fill(*stage, Filled(first), Filled(again), Filled(firstOfId.Get()), Filled(secondOfId.Get()));
+}
+
+void Scene::PlacePictures()
+{
+    Fill(*stage, ImageOf(picture), ImageOf(stencilled), ImageOf(independent), ImageOf(indexed),
+         ImageMaskOf(stencil));
 }
 
 } // namespace HarrowSupport::Testing

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/paint_makers.h"
+#include "support/picture_plan.h"
 
 #include <orv_blend/transparency.h>
 #include <orv_doc/group.h>
@@ -11,8 +12,8 @@
 namespace HarrowSupport::Testing
 {
 
-/// A document with one of each kind of paint and mask, before it is put together, so that a test may change a
-/// single property of it. Two scenes that were changed alike are equal.
+/// A document with one of each kind of paint, picture and mask, before it is put together, so that a test may
+/// change a single property of it. Two scenes that were changed alike are equal.
 ///
 /// The objects that carry the paints stand on a stage, the innermost of five contents: a form in a form in a
 /// pattern in a form on the page. Behind each of these contents' users stands one more object, which is not
@@ -53,6 +54,12 @@ struct Scene
     OrvPaint::FormPaint::Factory firstOfId; ///< Two forms of one ID of a narrow scope.
     OrvPaint::FormPaint::Factory secondOfId;
 
+    PicturePlan picture;     ///< In two separations, behind a soft mask.
+    PicturePlan stencilled;  ///< The same behind a stencil mask.
+    PicturePlan independent; ///< In a calibrated space, with a separation.
+    PicturePlan indexed;     ///< In one separation of two that the colour table has.
+    PicturePlan stencil;     ///< Of an image mask.
+
     ContentPointer stage;
     std::unique_ptr<OrvDoc::ContentObject> last;  ///< At the end of the stage.
     std::unique_ptr<OrvDoc::ContentObject> extra; ///< Behind that; none.
@@ -61,6 +68,7 @@ private:
     void PlaceShadings();
     void PlacePatterns();
     void PlaceForms();
+    void PlacePictures();
 };
 
 } // namespace HarrowSupport::Testing
