@@ -18,7 +18,8 @@ harrow_library(orvdoc
     INCLUDE ${orvdocInclude}
     PRIVATE_INCLUDE "${PROJECT_SOURCE_DIR}/document_library"
     LINK ${orvdocLink}
-    PRIVATE_LINK PkgConfig::QPDF PkgConfig::DEFLATE PkgConfig::URIPARSER PkgConfig::LCMS PkgConfig::FREETYPE PkgConfig::HARFBUZZ ZLIB::ZLIB Threads::Threads)
+    PRIVATE_LINK PkgConfig::QPDF PkgConfig::DEFLATE PkgConfig::URIPARSER PkgConfig::LCMS
+        PkgConfig::FREETYPE PkgConfig::HARFBUZZ PkgConfig::JPEG PkgConfig::OPENJPEG ZLIB::ZLIB Threads::Threads)
 add_library(OrvDoc::orvdoc ALIAS orvdoc)
 target_include_directories(orvdoc INTERFACE "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/orvdoc>")
 if(NOT HARROW_HAS_CPPNETLIB)

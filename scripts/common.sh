@@ -9,6 +9,7 @@ buildPackages=(
     libboost-dev libboost-filesystem-dev libboost-system-dev
     libqpdf-dev libdeflate-dev zlib1g-dev liburiparser-dev liblcms2-dev
     libfreetype-dev libharfbuzz-dev
+    libjpeg62-turbo-dev libopenjp2-7-dev libtiff-dev
     libgtest-dev libgmock-dev libbenchmark-dev
 )
 # What the library itself reads when it runs: its own fonts, and the maps from character codes to glyphs.
