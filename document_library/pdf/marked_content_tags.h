@@ -20,7 +20,8 @@ inline constexpr const char* attributes = "OrvAttributes";
 /// of the object's transparency, which PDF knows for groups alone), `Blended` (boolean: the object has a
 /// transparency also if the graphics state says nothing but what is initial), `Halftones` (boolean: also if
 /// nothing paints the path, it has the halftones of the graphics state),
-/// `Empty` (boolean: a text without characters is shown by an empty string),
+/// `Empty` (boolean: a text without characters is shown by an empty string, an image mask without a fill in
+/// no ink),
 /// `Outline` (boolean: the first path inside, which clips what follows, is the outline of the object that is
 /// filled with the form that follows).
 inline constexpr const char* object = "OrvObject";
@@ -32,8 +33,8 @@ inline constexpr const char* reset = "OrvReset";
 
 /// A marked-content point inside of a text object: a text begins at the matrix in force, though its first
 /// character may stand on another line, and though nothing else may tell it from the one before. With the
-/// properties `Text` and `Matrix` that matrix is the product of the two, the text's own and that of the object,
-/// which all texts of one clip have no other place for.
+/// properties `Text` and `Matrix` that matrix is the product of the two, the text's own and that of the
+/// object, which all texts of one clip have no other place for.
 inline constexpr const char* text = "OrvText";
 
 /// A marked-content point inside of a text object: `Matrix` leads from the line that the `Tm` that follows

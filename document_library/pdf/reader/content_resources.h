@@ -15,6 +15,7 @@
 namespace OrvPdf
 {
 
+class PictureResource;
 class ShadingResource;
 
 /// Stands for a value that no `PdfObject` can hold.
@@ -102,11 +103,19 @@ public:
         Kind kind = Kind::None;
         /// Whether a picture is a mask that the current colour is poured through.
         bool isStencil = false;
+        /// Of a picture; null if it can't be read.
+        std::shared_ptr<PictureResource> picture;
         /// Of a form; null if it can't be read.
         std::shared_ptr<FormDefinition> form;
     };
 
     virtual XObject FindXObject(const std::string& name, std::string& problem) = 0;
+
+    /// The picture of an inline image (8.9.7): a stream with keys and names in full. The space is null for a
+    /// stencil. Null if it can't be read.
+    virtual std::shared_ptr<PictureResource> ReadInlinePicture(const OrvSys::PdfObject& stream,
+                                                               const OrvColor::ColorSpace::Pointer& space,
+                                                               std::string& problem) = 0;
 
     /// The soft mask of a graphics state parameter dictionary; null if it has none.
     virtual std::shared_ptr<MaskDefinition> FindMask(const std::string& state, std::string& problem) = 0;

@@ -12,7 +12,7 @@ namespace OrvPdf
 {
 
 DocumentResources::DocumentResources(std::shared_ptr<const SourceFile> givenFile)
-    : file(std::move(givenFile)), converter(*file), fonts(file)
+    : file(std::move(givenFile)), converter(*file), fonts(file), pictures(*this)
 {}
 
 OrvColor::ColorSpace::Pointer DocumentResources::GetColorSpace(QPDFObjectHandle definition,

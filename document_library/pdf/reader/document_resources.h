@@ -18,6 +18,7 @@
 #include "pdf/reader/glyph_reader.h"
 #include "pdf/reader/mask_reader.h"
 #include "pdf/reader/object_conversion.h"
+#include "pdf/reader/picture_reader.h"
 #include "pdf/reader/source_file.h"
 #include "pdf/reader/tiling_reader.h"
 
@@ -40,8 +41,10 @@ public:
     explicit DocumentResources(std::shared_ptr<const SourceFile> givenFile);
 
     const SourceFile& GetFile() const { return *file; }
+    const std::shared_ptr<const SourceFile>& GetSharedFile() const { return file; }
     ObjectConverter& GetConverter() { return converter; }
     FontReader& GetFonts() { return fonts; }
+    PictureReader& GetPictures() { return pictures; }
 
     /// The colour space of a definition; equal definitions give the same object. Null, with the reason in
     /// `problem`, if it is malformed.
@@ -93,6 +96,7 @@ private:
     std::shared_ptr<const SourceFile> file;
     ObjectConverter converter;
     FontReader fonts;
+    PictureReader pictures;
     std::map<QPDFObjGen, KnownSpace> spacesByObject;
     std::unordered_map<std::uint64_t, std::vector<OrvColor::ColorSpace::Pointer>> spacesByDigest;
     std::map<std::pair<QPDFObjGen, OrvColor::ColorSpace::Pointer>, KnownShading> shadings;

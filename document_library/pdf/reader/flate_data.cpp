@@ -38,13 +38,16 @@ std::uint64_t LargestSize(std::string_view encoded, std::uint64_t byteLimit)
 }
 
 // True if the data is whole and fits.
-bool InflateAtOnce(std::string_view encoded, std::uint64_t largest, DecodedBytes& bytes)
+bool InflateAtOnce(std::string_view encoded, std::uint64_t largest, std::uint64_t expected,
+                   DecodedBytes& bytes)
 {
     const std::unique_ptr<libdeflate_decompressor, DecompressorDeleter> decompressor(
         libdeflate_alloc_decompressor());
     if (!decompressor)
         throw std::bad_alloc();
-    std::uint64_t capacity = std::min(largest, std::max(SmallestBuffer, encoded.size() * TypicalRatio));
+    const std::uint64_t first =
+        expected > 0 ? expected : std::max(SmallestBuffer, encoded.size() * TypicalRatio);
+    std::uint64_t capacity = std::min(largest, first);
     for (;;) {
         bytes = DecodedBytes();
         bytes = DecodedBytes(static_cast<std::size_t>(capacity));
@@ -109,7 +112,7 @@ void InflateAsFarAsPossible(std::string_view encoded, std::uint64_t largest, Dec
 
 } // namespace
 
-DecodingResult Inflate(std::string_view encoded, std::uint64_t byteLimit)
+DecodingResult Inflate(std::string_view encoded, std::uint64_t byteLimit, std::uint64_t expectedBytes)
 {
     DecodingResult result;
     if (encoded.empty()) {
@@ -117,7 +120,7 @@ DecodingResult Inflate(std::string_view encoded, std::uint64_t byteLimit)
         return result;
     }
     const std::uint64_t largest = LargestSize(encoded, byteLimit);
-    if (!InflateAtOnce(encoded, largest, result.bytes)) {
+    if (!InflateAtOnce(encoded, largest, expectedBytes, result.bytes)) {
         result.bytes.SetSize(0);
         InflateAsFarAsPossible(encoded, largest, result);
     }

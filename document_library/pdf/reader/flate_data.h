@@ -21,7 +21,7 @@ struct DecodingResult
 
 /// Inflates data of the zlib format (ISO 32000-1, 7.4.4), at most `byteLimit` bytes of it. Memory is taken
 /// for no more than that, nor for more than the input can hold. What follows the end of the data is not
-/// looked at.
-DecodingResult Inflate(std::string_view encoded, std::uint64_t byteLimit);
+/// looked at. `expectedBytes` is how many are likely to come; 0 if nobody knows.
+DecodingResult Inflate(std::string_view encoded, std::uint64_t byteLimit, std::uint64_t expectedBytes = 0);
 
 } // namespace OrvPdf

@@ -6,6 +6,7 @@
 
 #include <orv_blend/transparency.h>
 #include <orv_color/color_space.h>
+#include <orv_color/rendering_intent.h>
 #include <orv_doc/halftone_set.h>
 #include <orv_doc/stroke_properties.h>
 #include <orv_font/font.h>
@@ -78,6 +79,8 @@ struct GraphicsState
     PaintSetting stroke;
     /// Overprint mode 1 (`OPM`).
     bool nonzeroOverprint = false;
+    /// Of pictures.
+    OrvColor::RenderingIntent intent = OrvColor::RenderingIntent::RelativeColorimetric;
     BlendSetting blending;
     /// Null for those of the device.
     std::shared_ptr<OrvDoc::HalftoneSet> halftones;

@@ -102,6 +102,7 @@ bool Agree(const GraphicsState& left, const GraphicsState& right, std::uint32_t 
            !(asks(Inherited::fillOverprint) && left.fill.overprint != right.fill.overprint) &&
            !(asks(Inherited::strokeOverprint) && left.stroke.overprint != right.stroke.overprint) &&
            !(asks(Inherited::overprintMode) && left.nonzeroOverprint != right.nonzeroOverprint) &&
+           !(asks(Inherited::renderingIntent) && left.intent != right.intent) &&
            !(asks(Inherited::blending) && left.blending.value != right.blending.value) &&
            !(asks(Inherited::halftones) && !AreEqualValues(left.halftones, right.halftones)) &&
            !(asks(Inherited::transferFunctions) &&

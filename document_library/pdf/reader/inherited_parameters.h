@@ -31,6 +31,7 @@ constexpr std::uint32_t horizontalScaling = 1U << 16;
 constexpr std::uint32_t leading = 1U << 17;
 constexpr std::uint32_t textRise = 1U << 18;
 constexpr std::uint32_t textMode = 1U << 19;
+constexpr std::uint32_t renderingIntent = 1U << 20;
 constexpr std::uint32_t text =
     textFont | characterSpacing | wordSpacing | horizontalScaling | leading | textRise | textMode;
 
@@ -39,7 +40,7 @@ constexpr std::uint32_t stroke =
     strokeColor | strokeOverprint | overprintMode | lineWidth | lineCap | lineJoin | miterLimit | dash;
 /// What counts for all that is painted.
 constexpr std::uint32_t painting = blending | halftones | transferFunctions;
-constexpr std::uint32_t all = fill | stroke | painting | text;
+constexpr std::uint32_t all = fill | stroke | painting | text | renderingIntent;
 } // namespace Inherited
 
 /// The state that the content of a page begins with (ISO 32000-1, tables 52 and 53).

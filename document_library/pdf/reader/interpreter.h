@@ -148,15 +148,15 @@ public:
     void MarkedPoint(const Arguments& arguments);
     void MarkedPointList(const Arguments& arguments);
 
-    // External objects (8.8, 8.10).
+    // External objects (8.8, 8.10) and inline images (8.9.7).
     void PaintXObject(const Arguments& arguments);
+    void PaintInlineImage(const Arguments& arguments);
 
     // Compatibility (7.8.2).
     void BeginCompatibility(const Arguments& arguments);
     void EndCompatibility(const Arguments& arguments);
 
     // Operators that the model has no place for.
-    void LeaveOutInlineImage(const Arguments& arguments);
     void RejectMisplaced(const Arguments& arguments);
 
 private:
@@ -225,7 +225,12 @@ private:
     /// Notes that what is painted now depends on these parameters.
     void MarkUsed(std::uint32_t parameters) { usedParameters |= parameters & state.inherited; }
 
-    // left_out_operators.cpp
+    // picture_operators.cpp
+    OrvSys::PdfObject GetInlineStream(const Arguments& arguments);
+    OrvColor::ColorSpace::Pointer FindInlineSpace(const OrvSys::PdfObject& definition,
+                                                  const Arguments& arguments);
+    void PaintPicture(PictureResource& picture);
+    /// What a picture that can't be read would depend on.
     void NotePicture(bool isStencil);
 
     // path_operators.cpp
@@ -285,6 +290,7 @@ private:
     bool ApplyStrokeParameter(const std::string& key, const OrvSys::PdfObject& value);
     bool ApplyDashParameter(const OrvSys::PdfObject& value, const Arguments& arguments);
     void ApplyFont(const Arguments& arguments);
+    void TakeRenderingIntent(const std::string& name);
     bool ApplyOverprintParameter(const std::string& key, const OrvSys::PdfObject& value);
 
     // blending_parameters.cpp

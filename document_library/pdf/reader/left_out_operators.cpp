@@ -1,25 +1,7 @@
-#include "pdf/reader/inherited_parameters.h"
 #include "pdf/reader/interpreter.h"
 
 namespace OrvPdf
 {
-
-namespace
-{
-
-/// Whether an inline image is a mask that the colour is poured through (ISO 32000-1, 8.9.7).
-bool IsStencil(const Arguments& arguments)
-{
-    for (const char* const key : {"IM", "ImageMask"}) {
-        const Operand* const value = arguments.Operation().operands.FindValue(key);
-        if (value && value->Kind() == OperandKind::Boolean && value->AsBoolean()) {
-            return true;
-        }
-    }
-    return false;
-}
-
-} // namespace
 
 void Interpreter::BeginCompatibility(const Arguments&)
 {
@@ -33,17 +15,6 @@ void Interpreter::EndCompatibility(const Arguments& arguments)
         return;
     }
     --compatibilityDepth;
-}
-
-void Interpreter::LeaveOutInlineImage(const Arguments& arguments)
-{
-    problems.Unmodelled("BI", "pictures are not modelled", {}, arguments.Place());
-    NotePicture(IsStencil(arguments));
-}
-
-void Interpreter::NotePicture(bool isStencil)
-{
-    MarkUsed(Inherited::painting | Inherited::fillOverprint | (isStencil ? Inherited::fill : 0));
 }
 
 void Interpreter::RejectMisplaced(const Arguments& arguments)

@@ -84,7 +84,7 @@ constexpr Row rows[] = {
 
     {OperatorId::PaintXObject, "N", &I::PaintXObject},
     {OperatorId::PaintShading, "N", &I::PaintShading},
-    {OperatorId::BeginInlineImage, "*", &I::LeaveOutInlineImage},
+    {OperatorId::BeginInlineImage, "*", &I::PaintInlineImage},
     {OperatorId::BeginText, "", &I::BeginText},
     {OperatorId::EndText, "", &I::EndText},
     {OperatorId::NextLine, "", &I::NextLine},

@@ -61,10 +61,19 @@ bool IsCapOrJoin(double number)
 
 void Interpreter::SetRenderingIntent(const Arguments& arguments)
 {
+    TakeRenderingIntent(std::string(arguments[0].Text()));
     if (arguments[0].Text() != "RelativeColorimetric") {
         problems.Unmodelled("ri", "rendering intents of vector objects are not modelled", arguments[0].Text(),
                             arguments.Place());
     }
+}
+
+void Interpreter::TakeRenderingIntent(const std::string& name)
+{
+    state.inherited &= ~Inherited::renderingIntent;
+    // A name that nobody knows stands for the default (ISO 32000-1, 8.6.5.8).
+    state.intent =
+        OrvColor::FindRenderingIntent(name).value_or(OrvColor::RenderingIntent::RelativeColorimetric);
 }
 
 void Interpreter::SetFlatness(const Arguments& arguments)
@@ -106,6 +115,9 @@ void Interpreter::SetParameters(const Arguments& arguments)
 void Interpreter::ApplyParameter(const std::string& key, const PdfObject& value, const Arguments& arguments)
 {
     bool isWell = true;
+    if (key == "RI" && value.IsName()) {
+        TakeRenderingIntent(value.GetText());
+    }
     if (key == "LW" || key == "LC" || key == "LJ" || key == "ML") {
         isWell = ApplyStrokeParameter(key, value);
     } else if (key == "D") {

@@ -228,6 +228,10 @@ ContentResources::XObject ResourceReader::FindXObject(const std::string& name, s
         } else if (kind == "Image") {
             found.kind = XObject::Kind::Picture;
             found.isStencil = IsTrue(GetEntry(stream, "/ImageMask"));
+            const auto findSpace = [this](QPDFObjectHandle definition, std::string& spaceProblem) {
+                return ResolveColorSpace(definition, spaceProblem);
+            };
+            found.picture = document.GetPictures().Read(stream, findSpace, problem);
         } else if (kind == "Form") {
             found.kind = XObject::Kind::Form;
             found.form = document.GetForm(stream, resources);
@@ -237,6 +241,18 @@ ContentResources::XObject ResourceReader::FindXObject(const std::string& name, s
         }
     });
     return found;
+}
+
+std::shared_ptr<PictureResource> ResourceReader::ReadInlinePicture(const OrvSys::PdfObject& stream,
+                                                                   const ColorSpace::Pointer& space,
+                                                                   std::string& problem)
+{
+    std::shared_ptr<PictureResource> picture;
+    GuardLookUp(problem, [&] {
+        const SourceFile::Access access(document.GetFile());
+        picture = document.GetPictures().ReadInline(stream, space, problem);
+    });
+    return picture;
 }
 
 std::shared_ptr<MaskDefinition> ResourceReader::FindMask(const std::string& state, std::string& problem)

@@ -34,6 +34,9 @@ public:
                                               std::string& problem) override;
     boost::optional<PropertyList> FindPropertyList(const std::string& name, std::string& problem) override;
     XObject FindXObject(const std::string& name, std::string& problem) override;
+    std::shared_ptr<PictureResource> ReadInlinePicture(const OrvSys::PdfObject& stream,
+                                                       const OrvColor::ColorSpace::Pointer& space,
+                                                       std::string& problem) override;
     std::shared_ptr<MaskDefinition> FindMask(const std::string& state, std::string& problem) override;
 
     /// Whether any resource was asked for and found.

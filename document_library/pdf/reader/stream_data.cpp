@@ -33,16 +33,33 @@ void ReadParameter(QPDFObjectHandle parameters, const char* key, long long& valu
         value = number.getIntValue();
 }
 
+void ReadParameter(QPDFObjectHandle parameters, const char* key, bool& value)
+{
+    QPDFObjectHandle boolean = GetEntry(parameters, key);
+    if (boolean.isBool())
+        value = boolean.getBoolValue();
+}
+
+void ReadFaxParameters(QPDFObjectHandle parameters, FaxParameters& fax)
+{
+    ReadParameter(parameters, "/K", fax.k);
+    ReadParameter(parameters, "/EndOfLine", fax.endOfLine);
+    ReadParameter(parameters, "/EncodedByteAlign", fax.encodedByteAlign);
+    ReadParameter(parameters, "/Columns", fax.columns);
+    ReadParameter(parameters, "/Rows", fax.rows);
+    ReadParameter(parameters, "/EndOfBlock", fax.endOfBlock);
+    ReadParameter(parameters, "/BlackIs1", fax.blackIs1);
+    ReadParameter(parameters, "/DamagedRowsBeforeError", fax.damagedRowsBeforeError);
+}
+
 FilterStage ReadStage(QPDFObjectHandle name, QPDFObjectHandle parameters)
 {
     FilterStage stage;
-    stage.name = GetNameText(name);
-    for (const auto& [abbreviation, full] : Abbreviations) {
-        if (stage.name == abbreviation)
-            stage.name = full;
-    }
+    stage.name = ExpandFilterName(GetNameText(name));
     if (!parameters.isDictionary())
         return stage;
+    ReadFaxParameters(parameters, stage.fax);
+    ReadParameter(parameters, "/ColorTransform", stage.colorTransform);
     ReadParameter(parameters, "/Predictor", stage.predictor);
     ReadParameter(parameters, "/Colors", stage.colors);
     ReadParameter(parameters, "/BitsPerComponent", stage.bitsPerComponent);
@@ -51,7 +68,24 @@ FilterStage ReadStage(QPDFObjectHandle name, QPDFObjectHandle parameters)
     return stage;
 }
 
-std::string ReadStages(QPDFObjectHandle dictionary, std::vector<FilterStage>& stages)
+void AddProblem(std::string& text, const std::string& more)
+{
+    if (!more.empty())
+        text += (text.empty() ? "" : "; ") + more;
+}
+
+} // namespace
+
+std::string ExpandFilterName(const std::string& name)
+{
+    for (const auto& [abbreviation, full] : Abbreviations) {
+        if (name == abbreviation)
+            return full;
+    }
+    return name;
+}
+
+std::string ReadFilterStages(QPDFObjectHandle dictionary, std::vector<FilterStage>& stages)
 {
     QPDFObjectHandle filters = dictionary.getKey("/Filter");
     QPDFObjectHandle parameters = dictionary.getKey("/DecodeParms");
@@ -81,14 +115,6 @@ std::string ReadStages(QPDFObjectHandle dictionary, std::vector<FilterStage>& st
     return {};
 }
 
-void AddProblem(std::string& text, const std::string& more)
-{
-    if (!more.empty())
-        text += (text.empty() ? "" : "; ") + more;
-}
-
-} // namespace
-
 std::string_view EncodedStream::View() const
 {
     return raw ? std::string_view(reinterpret_cast<const char*>(raw->getBuffer()), raw->getSize())
@@ -104,7 +130,7 @@ EncodedStream FetchStream(QPDFObjectHandle stream)
             encoded.problem = "the data lies in another file";
             return encoded;
         }
-        encoded.problem = ReadStages(dictionary, encoded.stages);
+        encoded.problem = ReadFilterStages(dictionary, encoded.stages);
         if (encoded.problem.empty())
             encoded.raw = stream.getRawStreamData();
     } catch (const QPDFExc& problem) {
@@ -115,7 +141,8 @@ EncodedStream FetchStream(QPDFObjectHandle stream)
     return encoded;
 }
 
-DecodedStream DecodeStream(const SourceFile& file, const EncodedStream& encoded, const ByteLimit& limit)
+DecodedStream DecodeStream(const SourceFile& file, const EncodedStream& encoded, const ByteLimit& limit,
+                           std::uint64_t expectedBytes)
 {
     const std::uint64_t left = file.GetDecodedBytesLeft();
     const std::uint64_t largest = std::min(limit.bytes, left);
@@ -142,7 +169,7 @@ DecodedStream DecodeStream(const SourceFile& file, const EncodedStream& encoded,
             return decoded;
         }
         if (stage.name == "FlateDecode" && stage.predictor <= 1)
-            result = Inflate(input, largest);
+            result = Inflate(input, largest, expectedBytes);
         else
             result = ApplyFilter(stage, input, largest);
         AddProblem(decoded.problem, result.problem);

@@ -9,6 +9,7 @@
 #include <qpdf/Buffer.hh>
 #include <qpdf/QPDFObjectHandle.hh>
 
+#include "pdf/pictures/fax_decoder.h"
 #include "pdf/reader/decoded_bytes.h"
 
 namespace OrvPdf
@@ -16,7 +17,7 @@ namespace OrvPdf
 
 class SourceFile;
 
-/// One filter of a stream with its parameters, which are all integers (ISO 32000-1, 7.4).
+/// One filter of a stream with its parameters (ISO 32000-1, 7.4).
 struct FilterStage
 {
     std::string name; // Without slash, never abbreviated.
@@ -25,7 +26,13 @@ struct FilterStage
     long long bitsPerComponent = 8;
     long long columns = 1;
     long long earlyChange = 1;
+    /// Of DCTDecode; -1 if it isn't given.
+    long long colorTransform = -1;
+    FaxParameters fax;
 };
+
+/// The name of a filter that an inline image may abbreviate (ISO 32000-1, Table 94).
+std::string ExpandFilterName(const std::string& name);
 
 /// The bytes of a stream as the file has them, but decrypted, and how they are encoded.
 struct EncodedStream
@@ -41,6 +48,10 @@ struct EncodedStream
 /// Takes a stream's bytes out of the file. Needs an access to it; what follows doesn't. Throws nothing for
 /// what the file holds.
 EncodedStream FetchStream(QPDFObjectHandle stream);
+
+/// The filters that a dictionary names, in order. What is wrong with them is returned, and empty if nothing
+/// is.
+std::string ReadFilterStages(QPDFObjectHandle dictionary, std::vector<FilterStage>& stages);
 
 /// How many bytes may be decoded, and the limit of `ReadOptions::Limits` that this comes from.
 struct ByteLimit
@@ -62,8 +73,9 @@ struct DecodedStream
 };
 
 /// Applies the filters in order. No stage of it gives more bytes than the limit, nor than the document has
-/// left, so that neither memory nor time is taken without a bound. Counts the bytes for the document. Throws
-/// `std::bad_alloc` alone.
-DecodedStream DecodeStream(const SourceFile& file, const EncodedStream& encoded, const ByteLimit& limit);
+/// left, so that neither memory nor time is taken without a bound. Counts the bytes for the document. Where
+/// it is known how many bytes will come, decoding them takes one attempt. Throws `std::bad_alloc` alone.
+DecodedStream DecodeStream(const SourceFile& file, const EncodedStream& encoded, const ByteLimit& limit,
+                           std::uint64_t expectedBytes = 0);
 
 } // namespace OrvPdf

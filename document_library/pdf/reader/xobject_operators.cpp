@@ -5,6 +5,7 @@
 #include "pdf/form_outline.h"
 #include "pdf/reader/inherited_parameters.h"
 #include "pdf/reader/interpreter.h"
+#include "pdf/reader/picture_resource.h"
 
 namespace OrvPdf
 {
@@ -16,12 +17,15 @@ void Interpreter::PaintXObject(const Arguments& arguments)
     const auto& found = xObjects.Get(name, [this](const std::string& key, std::string& problem) {
         return resources.FindXObject(key, problem);
     });
-    if (!found.problem.empty()) {
+    if (!found.problem.empty() && found.value.picture) {
+        problems.Odd("Do", "picture /" + Readable(name) + ": " + found.problem, {}, arguments.Place());
+    } else if (!found.problem.empty()) {
         problems.Unmodelled("Do", "resource /" + Readable(name) + ": " + found.problem, {},
                             arguments.Place());
     }
-    if (found.value.kind == Kind::Picture) {
-        problems.Unmodelled("Do", "pictures are not modelled", name, arguments.Place());
+    if (const std::shared_ptr<PictureResource> picture = found.value.picture) {
+        PaintPicture(*picture);
+    } else if (found.value.kind == Kind::Picture) {
         NotePicture(found.value.isStencil);
     } else if (const std::shared_ptr<FormDefinition> form = found.value.form) {
         PaintForm(*form, arguments);

@@ -267,20 +267,20 @@ TEST_F(GlyphContents, AGlyphThatIsMovedIsTextElsewhere)
     EXPECT_THAT(file.SavedStream(), HasSubstr("20 0 0 20 7 8 Tm\n(A) Tj"));
 }
 
-TEST_F(GlyphContents, APictureInsideOfAGlyphKeepsThePage)
+TEST_F(GlyphContents, APictureWithoutAWidthInsideOfAGlyphKeepsThePage)
 {
     const std::string page = "BT /T3 10 Tf (A) Tj ET";
     for (const char* const fontEntries : {"", "/Resources << >>"}) {
-        Read({page}, {"500 0 0 0 10 5 d1 BI /W 10 /H 5 /BPC 1 /IM true ID 0123456789 EI"}, fontEntries);
-        EXPECT_THAT(file.Errors(), ElementsAre(HasSubstr("pictures are not modelled")));
+        Read({page}, {"500 0 0 0 10 5 d1 BI /H 5 /BPC 1 /IM true ID 0123456789 EI"}, fontEntries);
+        EXPECT_THAT(file.Errors(), ElementsAre(HasSubstr("the inline image is left out")));
         file.Save();
         EXPECT_EQ(file.SavedStream(), page) << fontEntries;
     }
 }
 
-TEST_F(GlyphContents, APictureInsideOfAGlyphLeavesAChangedPageItsText)
+TEST_F(GlyphContents, APictureWithoutAWidthInsideOfAGlyphLeavesAChangedPageItsText)
 {
-    Read({"BT /T3 10 Tf (A) Tj ET"}, {"500 0 0 0 10 5 d1 BI /W 10 /H 5 /BPC 1 /IM true ID 0123456789 EI"},
+    Read({"BT /T3 10 Tf (A) Tj ET"}, {"500 0 0 0 10 5 d1 BI /H 5 /BPC 1 /IM true ID 0123456789 EI"},
          "/Resources << >>");
     file.Page().MarkChanged();
     file.Save();

@@ -40,11 +40,12 @@ TEST(InterpreterProblems, OperatorsWithoutAPlaceInTheModelAreCounted)
                             "operator sh: shading /Sh1: it is missing, byte 44"));
 }
 
-TEST(InterpreterProblems, InlineImagesAreTold)
+TEST(InterpreterProblems, InlineImagesThatCannotBeReadAreTold)
 {
     const Reading reading = ReadingOf("BI /W 1 /H 1 /CS /G /BPC 8 ID x EI n");
     EXPECT_TRUE(reading.result.hasUnmodelled);
-    EXPECT_THAT(reading.result.errors, ElementsAre("operator BI: pictures are not modelled, byte 0"));
+    EXPECT_THAT(reading.result.errors,
+                ElementsAre("operator BI: the inline image is left out: there are no pictures here, byte 0"));
 }
 
 TEST(InterpreterProblems, UnknownOperatorsAreDamaged)

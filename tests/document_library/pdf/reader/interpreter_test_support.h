@@ -143,6 +143,15 @@ public:
         return Find(xObjects, name, problem);
     }
 
+    /// There are none: tests of inline images read files.
+    std::shared_ptr<PictureResource> ReadInlinePicture(const OrvSys::PdfObject&,
+                                                       const OrvColor::ColorSpace::Pointer&,
+                                                       std::string& problem) override
+    {
+        problem = "there are no pictures here";
+        return nullptr;
+    }
+
     std::shared_ptr<MaskDefinition> FindMask(const std::string& state, std::string& problem) override
     {
         return Find(masks, state, problem);

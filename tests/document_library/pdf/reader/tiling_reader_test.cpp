@@ -294,7 +294,8 @@ TEST(TilingReader, TellsTypesThatAreNoneAndReadsThePattern)
 
 TEST(TilingReader, TellsOnceWhatTheCellHasWrong)
 {
-    const auto document = PageWith(Usual("0 0 1 1 re f\nBT (text) Tj ET\n"), fillWithPattern + fillWithPattern);
+    const auto document =
+        PageWith(Usual("0 0 1 1 re f\nBT (text) Tj ET\n"), fillWithPattern + fillWithPattern);
     EXPECT_THAT(ErrorsOfPage(*document), ElementsAre(HasSubstr("pattern 5 0: ")));
 }
 
