@@ -117,11 +117,8 @@ private:
     bool Visit(const OrvDoc::Group& group) override;
     bool Visit(const OrvDoc::TextGroup& group) override;
     bool Visit(const OrvDoc::Layer& layer) override;
-    bool Visit(const OrvDoc::Image& image) override { return Refuse(image, "images are not written yet"); }
-    bool Visit(const OrvDoc::ImageMask& mask) override
-    {
-        return Refuse(mask, "image masks are not written yet");
-    }
+    bool Visit(const OrvDoc::Image& image) override;
+    bool Visit(const OrvDoc::ImageMask& mask) override;
     bool Visit(const OrvDoc::Text& text) override;
     bool Visit(const OrvDoc::ContentObject& object) override
     {
@@ -174,6 +171,11 @@ private:
     /// written.
     bool SetPainting(const OrvDoc::Strokable& object, ObjectPainting& painting);
 
+    // Pictures.
+    void WritePicture(const OrvDoc::Blendable& object, const ObjectPainting& painting, bool setsColor,
+                      std::vector<const char*> flags, const UsedPicture& picture);
+    void AppendPicture(const UsedPicture& picture);
+
     // Texts.
     void AppendText(const OrvDoc::Text& text, const OrvDoc::ShownText& shown, int mode,
                     bool isUnderItsMatrix = true);
@@ -193,7 +195,8 @@ private:
     /// What the graphics state can say of an object's transparency.
     OrvBlend::Transparency GetBlending(const OrvDoc::Blendable& object);
     /// Null if it has none that a file can hold.
-    std::shared_ptr<OrvDoc::HalftoneSet> GetHalftones(const OrvDoc::Fillable& object);
+    std::shared_ptr<OrvDoc::HalftoneSet> GetHalftones(const OrvDoc::ContentObject& object,
+                                                      const std::shared_ptr<OrvDoc::HalftoneSet>& halftones);
     /// What the graphics state can't say of a transparency, for `BeginObject`.
     static std::vector<const char*> GetBlendingFlags(const OrvDoc::Blendable& object,
                                                      const OrvBlend::Transparency& written);
@@ -210,6 +213,7 @@ private:
     KnownPaint stroke;
     std::string pathOperators;
     std::map<std::tuple<const void*, bool, bool, bool>, std::size_t> formIndices;
+    std::map<const void*, std::size_t> pictureIndices;
     /// The group that the form is for; null if it is for none.
     const OrvDoc::Group* groupOfForm = nullptr;
     UsedFonts fonts;

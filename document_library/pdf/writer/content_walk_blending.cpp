@@ -97,9 +97,10 @@ Transparency ContentWalk::GetBlending(const OrvDoc::Blendable& object)
     return blending;
 }
 
-std::shared_ptr<OrvDoc::HalftoneSet> ContentWalk::GetHalftones(const OrvDoc::Fillable& object)
+std::shared_ptr<OrvDoc::HalftoneSet>
+ContentWalk::GetHalftones(const OrvDoc::ContentObject& object,
+                          const std::shared_ptr<OrvDoc::HalftoneSet>& halftones)
 {
-    const std::shared_ptr<OrvDoc::HalftoneSet>& halftones = object.GetHalftoneSet();
     if (halftones && !IsHalftoneDefinition(halftones->GetDefinition())) {
         Refuse(object, "halftones that are of no known type are left out");
         return nullptr;

@@ -96,7 +96,7 @@ bool ContentWalk::SetPainting(const OrvDoc::Strokable& object, ObjectPainting& p
         return Refuse(object, "objects with infinite stroke properties cannot be written");
     }
     painting.blending = GetBlending(object);
-    painting.halftones = GetHalftones(object);
+    painting.halftones = GetHalftones(object, object.GetHalftoneSet());
     const std::shared_ptr<OrvDoc::HalftoneSet>* const stated =
         painting.IsPainted() || painting.halftones ? &painting.halftones : nullptr;
     const auto findParameters = [&] {

@@ -10,6 +10,7 @@
 #include "pdf/writer/graphics_state_writer.h"
 #include "pdf/writer/nested_reference.h"
 #include "pdf/writer/paint_patterns.h"
+#include "pdf/writer/pictures_writer.h"
 #include "pdf/writer/used_fonts.h"
 #include "pdf/writer/writing_problems.h"
 
@@ -39,6 +40,7 @@ struct WrittenContent
     std::vector<OrvDoc::MarkedContent> propertyLists; ///< `mc`
     std::vector<FormReference> forms;                 ///< `fm`
     std::vector<UsedFont> fonts;                      ///< `f`
+    std::vector<UsedPicture> pictures;                ///< `im`
     WritingProblems problems;
 };
 

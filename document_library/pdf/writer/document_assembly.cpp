@@ -18,6 +18,7 @@
 #include "pdf/writer/output_intent_writer.h"
 #include "pdf/writer/page_tree_writer.h"
 #include "pdf/writer/page_writer.h"
+#include "pdf/writer/pictures_writer.h"
 #include "pdf/writer/resources_writer.h"
 #include "pdf/writer/separation_info_writer.h"
 #include "pdf/writer/separation_spaces.h"
@@ -98,7 +99,8 @@ DocumentAssembly AssembleDocument(const OrvDoc::Document& document, const boost:
     const std::vector<PageEntry> pages = FindPageObjects(document, source, maker);
     NestedWriter nested(document, maker, separations, folder);
     FontsWriter fonts(maker, source ? &source->GetFile() : nullptr);
-    ResourcesWriter resources(maker, layers, nested, fonts);
+    PicturesWriter pictures(document, maker, separations, source ? &source->GetFile() : nullptr);
+    ResourcesWriter resources(maker, layers, nested, fonts, pictures);
     PageWriter pageWriter(maker, separations, resources, nested);
     auto entry = pages.begin();
     for (auto page = document.GetPagesBegin(); page != document.GetPagesEnd(); ++page, ++entry) {
@@ -117,8 +119,8 @@ DocumentAssembly AssembleDocument(const OrvDoc::Document& document, const boost:
     FinishObjects(assembly, maker, source);
     // Layers came with 1.5, and so did object streams; transparency came with 1.4; all else that is
     // written is older, but for fonts.
-    assembly.version =
-        std::max(fonts.GetVersion(), std::string(layers.GetAllGroups().empty() ? "1.4" : "1.5"));
+    assembly.version = std::max({fonts.GetVersion(), pictures.GetVersion(),
+                                 std::string(layers.GetAllGroups().empty() ? "1.4" : "1.5")});
     return assembly;
 }
 

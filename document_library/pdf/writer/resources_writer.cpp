@@ -6,6 +6,9 @@
 #include "pdf/writer/layer_objects.h"
 #include "pdf/writer/nested_writer.h"
 #include "pdf/writer/object_maker.h"
+#include "pdf/writer/picture_colors_writer.h"
+#include "pdf/writer/picture_problems.h"
+#include "pdf/writer/pictures_writer.h"
 #include "pdf/writer/property_list_index.h"
 
 namespace OrvPdf
@@ -43,12 +46,30 @@ QPDFObjectHandle ResourcesWriter::MakePropertyLists(const WrittenContent& conten
 void ResourcesWriter::NoteSeparations(const OrvColor::ColorSpace* space)
 {
     for (; space; space = space->GetBase().get()) {
-        for (const std::string& name : space->GetColorantNames()) {
-            if (knownSeparations.insert(name).second) {
-                namedSeparations.push_back(name);
-            }
+        NoteSeparations(space->GetColorantNames());
+    }
+}
+
+void ResourcesWriter::NoteSeparations(const std::vector<std::string>& names)
+{
+    for (const std::string& name : names) {
+        if (knownSeparations.insert(name).second) {
+            namedSeparations.push_back(name);
         }
     }
+}
+
+// A mapping may name others than the channels do.
+void ResourcesWriter::NoteSeparations(const OrvImg::PaintedPicture& picture)
+{
+    if (HasDefaultMapping(picture)) {
+        return;
+    }
+    std::vector<std::string> names;
+    for (const auto& entry : picture.GetChannelMapping(false).entries) {
+        names.push_back(entry.name);
+    }
+    NoteSeparations(names);
 }
 
 QPDFObjectHandle ResourcesWriter::MakeColorSpaces(const WrittenContent& content)
@@ -88,6 +109,24 @@ QPDFObjectHandle ResourcesWriter::MakeFonts(const WrittenContent& content)
     return objects;
 }
 
+QPDFObjectHandle ResourcesWriter::MakeXObjects(const WrittenContent& content)
+{
+    QPDFObjectHandle objects = QPDFObjectHandle::newDictionary();
+    for (std::size_t index = 0; index < content.forms.size(); ++index) {
+        objects.replaceKey("/fm" + std::to_string(index), nested.GetForm(content.forms[index]));
+    }
+    for (std::size_t index = 0; index < content.pictures.size(); ++index) {
+        const UsedPicture& picture = content.pictures[index];
+        const auto& data = picture.painted ? picture.painted->GetPictureData(false) : picture.stencil;
+        NoteSeparations(ListSeparations(*data->GetPictureSource()));
+        if (picture.painted) {
+            NoteSeparations(*picture.painted);
+        }
+        objects.replaceKey("/im" + std::to_string(index), pictures.Get(picture));
+    }
+    return objects;
+}
+
 QPDFObjectHandle ResourcesWriter::Make(const WrittenContent& content, QPDFObjectHandle before)
 {
     QPDFObjectHandle resources =
@@ -100,11 +139,7 @@ QPDFObjectHandle ResourcesWriter::Make(const WrittenContent& content, QPDFObject
         resources, "/ExtGState",
         MakeExtGStates(content.graphicsStates, content.transferFunctions, content.start, maker, nested));
     ReplaceCategory(resources, "/Properties", MakePropertyLists(content));
-    QPDFObjectHandle forms = QPDFObjectHandle::newDictionary();
-    for (std::size_t index = 0; index < content.forms.size(); ++index) {
-        forms.replaceKey("/fm" + std::to_string(index), nested.GetForm(content.forms[index]));
-    }
-    ReplaceCategory(resources, "/XObject", forms);
+    ReplaceCategory(resources, "/XObject", MakeXObjects(content));
     ReplaceCategory(resources, "/Font", MakeFonts(content));
     return resources;
 }

@@ -144,6 +144,44 @@ std::string AddUp(const std::vector<Cmyk>& inks)
     return program + " }";
 }
 
+ColorSpace::Pointer MakeSeparation(const std::string& name, const Representation& looks)
+{
+    switch (looks.GetKind()) {
+    case Representation::Kind::Gray:
+        return ColorSpace::Separation(name, ColorSpace::DeviceGray(), LinearTint({1}, looks.GetComponents()));
+    case Representation::Kind::Rgb:
+        return ColorSpace::Separation(name, ColorSpace::DeviceRGB(),
+                                      LinearTint({1, 1, 1}, looks.GetComponents()));
+    case Representation::Kind::Lab:
+        return ColorSpace::Separation(name, ColorSpace::Lab(whitePointD50, {-128, 127, -128, 127}),
+                                      LinearTint({100, 0, 0}, looks.GetComponents()));
+    case Representation::Kind::Cmyk:
+        return ColorSpace::Separation(name, ColorSpace::DeviceCMYK(),
+                                      LinearTint({0, 0, 0, 0}, looks.GetComponents()));
+    case Representation::Kind::None:
+        break;
+    }
+    return ColorSpace::Separation(name, ColorSpace::DeviceCMYK(), LinearTint({0, 0, 0, 0}, ProcessInk(name)));
+}
+
+ColorSpace::Pointer MakeDeviceN(const std::vector<std::string>& names,
+                                const std::vector<Representation>& looks)
+{
+    std::vector<Cmyk> inks;
+    for (std::size_t index = 0; index < names.size(); ++index) {
+        const bool isKnown = looks[index].GetKind() != Representation::Kind::None;
+        if (names[index] == "None") {
+            inks.push_back({0, 0, 0, 0});
+            continue;
+        }
+        inks.push_back(isKnown ? ToCmyk(looks[index]) : ProcessInk(names[index]));
+    }
+    const PdfObject dictionary = PdfObject::Dictionary({{"FunctionType", PdfObject::Integer(4)},
+                                                        {"Domain", UnitRanges(names.size())},
+                                                        {"Range", UnitRanges(4)}});
+    return ColorSpace::DeviceN(names, ColorSpace::DeviceCMYK(), PdfObject::Stream(dictionary, AddUp(inks)));
+}
+
 } // namespace
 
 SeparationSpaces::SeparationSpaces(const std::vector<OrvDoc::Separation::Entry>& given)
@@ -204,6 +242,13 @@ const OrvDoc::Separation::Entry* SeparationSpaces::Find(const std::string& name)
     return found == entries.end() ? nullptr : found->second;
 }
 
+const Representation& SeparationSpaces::FindLooks(const std::string& name) const
+{
+    static const Representation none;
+    const OrvDoc::Separation::Entry* const entry = Find(name);
+    return entry ? entry->GetAlternate() : none;
+}
+
 ColorSpace::Pointer SeparationSpaces::MakeSingle(const std::string& name) const
 {
     const OrvDoc::Separation::Entry* const entry = Find(name);
@@ -212,42 +257,32 @@ ColorSpace::Pointer SeparationSpaces::MakeSingle(const std::string& name) const
         entry->GetColorSpace()->GetColorantNames() == std::vector<std::string>{name}) {
         return entry->GetColorSpace();
     }
-    const Representation none;
-    const Representation& looks = entry ? entry->GetAlternate() : none;
-    switch (looks.GetKind()) {
-    case Representation::Kind::Gray:
-        return ColorSpace::Separation(name, ColorSpace::DeviceGray(), LinearTint({1}, looks.GetComponents()));
-    case Representation::Kind::Rgb:
-        return ColorSpace::Separation(name, ColorSpace::DeviceRGB(),
-                                      LinearTint({1, 1, 1}, looks.GetComponents()));
-    case Representation::Kind::Lab:
-        return ColorSpace::Separation(name, ColorSpace::Lab(whitePointD50, {-128, 127, -128, 127}),
-                                      LinearTint({100, 0, 0}, looks.GetComponents()));
-    case Representation::Kind::Cmyk:
-        return ColorSpace::Separation(name, ColorSpace::DeviceCMYK(),
-                                      LinearTint({0, 0, 0, 0}, looks.GetComponents()));
-    case Representation::Kind::None:
-        break;
-    }
-    return ColorSpace::Separation(name, ColorSpace::DeviceCMYK(), LinearTint({0, 0, 0, 0}, ProcessInk(name)));
+    return MakeSeparation(name, FindLooks(name));
 }
 
 ColorSpace::Pointer SeparationSpaces::MakeSeveral(const std::vector<std::string>& names) const
 {
-    std::vector<Cmyk> inks;
+    std::vector<Representation> looks;
     for (const std::string& name : names) {
-        const OrvDoc::Separation::Entry* const entry = Find(name);
-        const bool isKnown = entry && entry->GetAlternate().GetKind() != Representation::Kind::None;
-        if (name == "None") {
-            inks.push_back({0, 0, 0, 0});
-            continue;
-        }
-        inks.push_back(isKnown ? ToCmyk(entry->GetAlternate()) : ProcessInk(name));
+        looks.push_back(FindLooks(name));
     }
-    const PdfObject dictionary = PdfObject::Dictionary({{"FunctionType", PdfObject::Integer(4)},
-                                                        {"Domain", UnitRanges(names.size())},
-                                                        {"Range", UnitRanges(4)}});
-    return ColorSpace::DeviceN(names, ColorSpace::DeviceCMYK(), PdfObject::Stream(dictionary, AddUp(inks)));
+    return MakeDeviceN(names, looks);
+}
+
+ColorSpace::Pointer SeparationSpaces::GetWithLooks(const std::vector<std::string>& names,
+                                                   const std::vector<Representation>& looks) const
+{
+    std::vector<Representation> all = looks;
+    for (std::size_t index = 0; index < names.size(); ++index) {
+        if (all[index].GetKind() == Representation::Kind::None) {
+            all[index] = FindLooks(names[index]);
+        }
+    }
+    if (names.size() > 1) {
+        return MakeDeviceN(names, all);
+    }
+    const bool isStated = looks.front().GetKind() != Representation::Kind::None;
+    return isStated ? MakeSeparation(names.front(), all.front()) : MakeSingle(names.front());
 }
 
 } // namespace OrvPdf

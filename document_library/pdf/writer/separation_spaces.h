@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <orv_color/color_space.h>
+#include <orv_color/representation.h>
 #include <orv_doc/separation.h>
 
 namespace OrvPdf
@@ -26,6 +27,11 @@ public:
     /// The same where an empty name stands for a component of no ink.
     OrvColor::ColorSpace::Pointer GetWithBlanks(const std::vector<std::string>& names);
 
+    /// Those with what each of them looks like, where that is given. A name may be `None`, and may occur
+    /// several times.
+    OrvColor::ColorSpace::Pointer GetWithLooks(const std::vector<std::string>& names,
+                                               const std::vector<OrvColor::Representation>& looks) const;
+
     /// `Separation` of all separations, seen as black.
     static OrvColor::ColorSpace::Pointer MakeAll();
     /// `Separation` of no ink at all.
@@ -33,6 +39,7 @@ public:
 
 private:
     const OrvDoc::Separation::Entry* Find(const std::string& name) const;
+    const OrvColor::Representation& FindLooks(const std::string& name) const;
     OrvColor::ColorSpace::Pointer MakeSingle(const std::string& name) const;
     /// The name `None` stands for no ink.
     OrvColor::ColorSpace::Pointer MakeSeveral(const std::vector<std::string>& names) const;

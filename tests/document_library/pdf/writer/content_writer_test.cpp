@@ -338,7 +338,7 @@ TEST(ContentWriter, CountsWhatItCannotWriteByKind)
     EXPECT_THAT(
         ProblemsOf(written),
         ElementsAre(HasSubstr("page 1: paths with infinite coordinates cannot be written: 2, the first is"),
-                    HasSubstr("page 1: image masks are not written yet: 1, the first is")));
+                    HasSubstr("page 1: image masks without a picture cannot be written: 1, the first is")));
 }
 
 TEST(ContentWriter, LeavesOutAPathWithAnInfiniteMatrix)

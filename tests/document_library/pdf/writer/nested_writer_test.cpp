@@ -30,7 +30,8 @@ using ::testing::SizeIs;
 const std::string square = "0 0 1 1 re f\n";
 const std::string spaces = "/ColorSpace << /S [/Separation /Gold /DeviceCMYK << /FunctionType 2 "
                            "/Domain [0 1] /N 1 /C0 [0 0 0 0] /C1 [0 0 1 0] >>] >>";
-const std::string stencil = "BI /W 10 /H 5 /BPC 1 /IM true ID unmodelled EI\n";
+/// A stencil that the model has no place for, as it has no width.
+const std::string stencil = "BI /H 5 /BPC 1 /IM true ID unmodelled EI\n";
 
 /// Of the first object.
 std::vector<float> ComponentsOf(const OrvDoc::Content& content)
@@ -136,7 +137,7 @@ TEST_F(NestedWriter, AFormOfAPageThatIsKeptIsChangedInItsPlace)
 TEST_F(NestedWriter, AFormInsideOfOneThatIsKeptIsChangedInItsPlace)
 {
     file.Read({stencil + "/F0 Do"}, {FormObject("/In Do", "", "/Resources << /XObject << /In 6 0 R >> >>"),
-                                  FormObject("1 0 0 rg " + square)});
+                                     FormObject("1 0 0 rg " + square)});
     Change(*FormAt(FormAt(file.Page())->GetContent()));
     const auto reopened = file.Reopen();
     EXPECT_THAT(ObjectsOf(FormAt(FormAt(ContentOf(*reopened))->GetContent())->GetContent()), SizeIs(2));
@@ -204,7 +205,7 @@ TEST_F(NestedWriter, APageWithUnmodelledContentStaysWhateverItsFormsPaintWith)
                                                                  "/BBox [0 0 2 2] /XStep 2 /YStep 2 "
                                                                  "/Resources << >>")});
     const std::vector<std::string> errors = ErrorsOf(file.Page());
-    ASSERT_THAT(errors, Each(HasSubstr("pictures are not modelled")));
+    ASSERT_THAT(errors, Each(HasSubstr("the inline image is left out")));
     ASSERT_THAT(errors, SizeIs(1));
     const auto reopened = file.Reopen();
     EXPECT_EQ(ErrorsOf(file.Page()), errors);
