@@ -87,5 +87,21 @@ TEST_F(CorpusAppearance, EveryPageOfASoundFileWrittenAnewHasItsText)
     EXPECT_TRUE(pagesWithText > 0 || !isOwnCorpus) << "not a single page with text was compared";
 }
 
+TEST_F(CorpusAppearance, NoPictureOfASoundFileLosesABitOfDepthOrAChannel)
+{
+    std::size_t pictures = 0;
+    for (const AppearanceOutcome& outcome : outcomes) {
+        if (!IsSound(outcome))
+            continue;
+        pictures += outcome.pictures;
+        for (const std::size_t page : outcome.pagesOfOtherPictures) {
+            ADD_FAILURE() << outcome.file << ", page " << page
+                          << ": list it and what save_and_reopen --rewrite --keep makes of it by pdfimages "
+                             "-list";
+        }
+    }
+    EXPECT_TRUE(pictures > 0 || !isOwnCorpus) << "not a single picture was compared";
+}
+
 } // namespace
 } // namespace HarrowSupport::Testing

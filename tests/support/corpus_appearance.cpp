@@ -71,6 +71,36 @@ void CompareTexts(const std::string& original, const std::string& rewritten, con
     }
 }
 
+/// The pictures of each page in order: kind, width, height, channels and bits of a channel.
+std::map<std::size_t, std::vector<std::string>> ListPictures(const std::string& file,
+                                                             const ProcessLimits& limits)
+{
+    std::map<std::size_t, std::vector<std::string>> pages;
+    std::istringstream lines(RunProcess({"pdfimages", "-list", file}, limits).output);
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream fields(line);
+        std::size_t page = 0;
+        std::string number, kind, width, height, color, channels, bits;
+        // The head of the table has no number there.
+        if (fields >> page >> number >> kind >> width >> height >> color >> channels >> bits)
+            pages[page].push_back(kind + " " + width + " x " + height + ", " + channels + " of " + bits);
+    }
+    return pages;
+}
+
+void ComparePictures(const std::string& original, const std::string& rewritten, const ProcessLimits& limits,
+                     AppearanceOutcome& outcome)
+{
+    auto after = ListPictures(rewritten, limits);
+    for (const auto& [page, pictures] : ListPictures(original, limits)) {
+        if (outcome.lossyPages.count(page) != 0)
+            continue;
+        outcome.pictures += pictures.size();
+        if (after[page] != pictures)
+            outcome.pagesOfOtherPictures.insert(page);
+    }
+}
+
 AppearanceOutcome LookAt(const std::string& folder, const std::string& file, const ProcessLimits& limits)
 {
     // A process that is stopped leaves its temporary files behind; they go with this folder.
@@ -91,6 +121,7 @@ AppearanceOutcome LookAt(const std::string& folder, const std::string& file, con
         return outcome;
 
     CompareTexts(original, rewritten, limits, outcome);
+    ComparePictures(original, rewritten, limits, outcome);
     const PageImages before = RenderPages(original, limits);
     const PageImages after = RenderPages(rewritten, limits);
     for (std::size_t page = 1; page <= pages; ++page) {
@@ -143,13 +174,14 @@ void WriteTable(std::ostream& stream, const std::vector<AppearanceOutcome>& outc
 {
     std::vector<std::vector<std::string>> rows{{"file", "verdict", "pages compared", "pages not modelled",
                                                 "pages not shown", "worst share %", "pages with text",
-                                                "of other text"}};
+                                                "of other text", "pictures", "of other pictures"}};
     for (const AppearanceOutcome& outcome : outcomes) {
         rows.push_back(
             {outcome.file, Verdict(outcome), std::to_string(outcome.shares.size()),
              std::to_string(outcome.lossyPages.size()), std::to_string(outcome.pagesNotShown.size()),
              outcome.shares.empty() ? "-" : Percent(outcome.GetWorstShare()),
-             std::to_string(outcome.pagesWithText), std::to_string(outcome.pagesOfOtherText.size())});
+             std::to_string(outcome.pagesWithText), std::to_string(outcome.pagesOfOtherText.size()),
+             std::to_string(outcome.pictures), std::to_string(outcome.pagesOfOtherPictures.size())});
     }
     WriteTabbed(stream, rows);
 }

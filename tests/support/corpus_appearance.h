@@ -31,6 +31,11 @@ struct AppearanceOutcome
     std::set<std::size_t> pagesOfOtherText;
     /// The pages that it reads any text of, of those without loss.
     std::size_t pagesWithText = 0;
+    /// The pages without loss of which `pdfimages -list` tells other pictures than before, by size, kind,
+    /// channels or depth.
+    std::set<std::size_t> pagesOfOtherPictures;
+    /// How many pictures it tells of those without loss.
+    std::size_t pictures = 0;
 
     /// The largest share; zero if no page was compared.
     double GetWorstShare() const;

@@ -3,6 +3,7 @@
 #include "support/random_forms.h"
 #include "support/random_objects.h"
 #include "support/random_paints.h"
+#include "support/random_pictures.h"
 #include "support/random_states.h"
 #include "support/random_texts.h"
 
@@ -36,8 +37,11 @@ struct Material
     /// Those that are made already. A form is among them when its content is, so none holds itself.
     std::vector<std::shared_ptr<const OrvPaint::FormPaint>> forms;
     RandomPaints paints;
+    RandomPictures pictures;
     /// How many patterns and masks are being made, one inside of the other.
     int openPaints = 0;
+    /// How many of them are uncoloured patterns. An image there is reported even if it is the same.
+    int openUncolored = 0;
 };
 
 std::vector<PlannedObject> PlanObjects(Random& random, int depth)
@@ -48,6 +52,9 @@ std::vector<PlannedObject> PlanObjects(Random& random, int depth)
         object.seed = static_cast<std::uint32_t>(random());
         if (object.seed % 4 == 0) {
             object.kind = PlannedKind::Text;
+        }
+        if (object.seed % 4 == 1) {
+            object.kind = PlannedKind::Picture;
         }
         if (CanHaveChildren(object.kind) && depth < 5) {
             object.children = PlanObjects(random, depth + 1);
@@ -133,8 +140,11 @@ std::shared_ptr<const OrvPaint::FormPaint> PlanForm(const PlannedObject& plan, R
 void FillPaint(OrvDoc::Content& content, Random& random, Material& material)
 {
     ContentGenerator generator(content);
+    const int uncolored = content.GetType() == OrvDoc::Content::Type::UncoloredPatternContent ? 1 : 0;
     ++material.openPaints;
+    material.openUncolored += uncolored;
     AddObjects(generator, PlanObjects(random, 4), material);
+    material.openUncolored -= uncolored;
     --material.openPaints;
 }
 
@@ -147,7 +157,7 @@ void AddPaints(OrvDoc::ContentObject& object, Random& random, Material& material
     const auto fill = [&material](OrvDoc::Content& content, Random& inner) {
         FillPaint(content, inner, material);
     };
-    auto* const painted = dynamic_cast<OrvDoc::Strokable*>(&object);
+    auto* const painted = dynamic_cast<OrvDoc::Fillable*>(&object);
     if (painted &&
         !(painted->GetFillPaint() && painted->GetFillPaint()->GetType() == OrvPaint::Paint::Type::Form)) {
         material.paints.SetSomePatterns(*painted, random, fill);
@@ -169,6 +179,15 @@ void AddObjects(ContentGenerator& generator, const std::vector<PlannedObject>& p
             generator.BeginLayer(RandomName(random));
             AddObjects(generator, plan.children, material);
             generator.EndLayer();
+        } else if (plan.kind == PlannedKind::Picture) {
+            std::unique_ptr<OrvDoc::ContentObject> picture;
+            if (material.openUncolored > 0 || random() % 3 == 0) {
+                picture = material.pictures.NextImageMask(random);
+            } else {
+                picture = material.pictures.NextImage(random);
+            }
+            AddPaints(*picture, random, material);
+            generator.Add(std::move(picture));
         } else if (plan.kind == PlannedKind::Text) {
             auto group = RandomTextGroup(material.document, random);
             AddPaints(*group, random, material);
@@ -261,7 +280,13 @@ std::unique_ptr<OrvDoc::Document> MakeDocument(const PlannedDocument& plan)
     Random random(plan.seed);
     MakeLayers(*document, random);
     // Those that the objects make for themselves are not among them.
-    Material material{*document, document->GetLayers().GetAllLayers(), {}, RandomPaints(*document), 0};
+    Material material{*document,
+                      document->GetLayers().GetAllLayers(),
+                      {},
+                      RandomPaints(*document),
+                      RandomPictures(*document),
+                      0,
+                      0};
     MakeSeparations(*document, random);
     MakeOutputIntent(*document, random);
     for (const PlannedPage& pagePlan : plan.pages) {

@@ -28,6 +28,8 @@ enum class PlannedKind
     Form,
     /// A text group with some texts.
     Text,
+    /// An image or an image mask.
+    Picture,
 };
 
 /// An object of a random document. Everything about it but its kind and its children follows from its own

@@ -183,17 +183,6 @@ std::shared_ptr<const OrvDoc::MarkedContent> RandomMark(Random& random, bool isP
     return std::make_shared<const OrvDoc::MarkedContent>(std::move(mark));
 }
 
-/// Any paint.
-std::shared_ptr<const OrvPaint::Paint> RandomPaintOfAnyKind(Random& random)
-{
-    if (random() % 4 != 0) {
-        return RandomPaint(random);
-    }
-    // Some are equal, as they are in files.
-    Random few(random() % 8);
-    return random() % 3 == 0 ? RandomShading(few) : RandomShading(random);
-}
-
 } // namespace
 
 std::string RandomName(Random& random)
@@ -325,6 +314,16 @@ std::shared_ptr<const OrvPaint::FlatPaint> RandomPaint(Random& random)
         .Get();
 }
 
+std::shared_ptr<const OrvPaint::Paint> RandomPaintOfAnyKind(Random& random)
+{
+    if (random() % 4 != 0) {
+        return RandomPaint(random);
+    }
+    // Some are equal, as they are in files.
+    Random few(random() % 8);
+    return random() % 3 == 0 ? RandomShading(few) : RandomShading(random);
+}
+
 void SetRandomPainting(OrvDoc::Strokable& object, Random& random)
 {
     if (random() % 3 != 0) {
@@ -341,7 +340,7 @@ void SetRandomPainting(OrvDoc::Strokable& object, Random& random)
 bool CanHaveChildren(PlannedKind kind)
 {
     return kind != PlannedKind::Path && kind != PlannedKind::ClippingPath &&
-           kind != PlannedKind::MarkedPoint && kind != PlannedKind::Text;
+           kind != PlannedKind::MarkedPoint && kind != PlannedKind::Text && kind != PlannedKind::Picture;
 }
 
 std::unique_ptr<OrvDoc::Group> MakeGroup(PlannedKind kind, Random& random,

@@ -34,6 +34,8 @@ Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> RandomBox(std::mt19937& 
 OrvDoc::BlendColorSpace RandomBlendColorSpace(std::mt19937& random);
 /// A colour space of any family but patterns and indexed colours.
 OrvColor::ColorSpace::Pointer RandomSpace(std::mt19937& random);
+/// Any colour or shading. Some are equal.
+std::shared_ptr<const OrvPaint::Paint> RandomPaintOfAnyKind(std::mt19937& random);
 /// Any colour: as a list of separations, or in a colour space of any family.
 std::shared_ptr<const OrvPaint::FlatPaint> RandomPaint(std::mt19937& random);
 

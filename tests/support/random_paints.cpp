@@ -116,13 +116,14 @@ std::shared_ptr<const SoftMask> RandomPaints::NextMask(Random& random, const Fil
     return masks.back();
 }
 
-void RandomPaints::SetSomePatterns(OrvDoc::Strokable& object, Random& random, const FillContent& fill)
+void RandomPaints::SetSomePatterns(OrvDoc::Fillable& object, Random& random, const FillContent& fill)
 {
     if (object.GetFillPaint() && random() % 8 == 0) {
         object.SetFillPaint(NextPattern(random, fill));
     }
-    if (object.GetStrokePaint() && random() % 8 == 0) {
-        object.SetStrokePaint(NextPattern(random, fill));
+    auto* const stroked = dynamic_cast<OrvDoc::Strokable*>(&object);
+    if (stroked && stroked->GetStrokePaint() && random() % 8 == 0) {
+        stroked->SetStrokePaint(NextPattern(random, fill));
     }
 }
 

@@ -33,7 +33,7 @@ public:
     std::shared_ptr<const OrvBlend::SoftMask> NextMask(std::mt19937& random, const FillContent& fill);
 
     /// Gives some objects patterns in the place of the paints that they have.
-    void SetSomePatterns(OrvDoc::Strokable& object, std::mt19937& random, const FillContent& fill);
+    void SetSomePatterns(OrvDoc::Fillable& object, std::mt19937& random, const FillContent& fill);
     /// Gives some objects a mask.
     void SetSomeMask(OrvDoc::Blendable& object, std::mt19937& random, const FillContent& fill);
 

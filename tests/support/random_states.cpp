@@ -147,6 +147,13 @@ void SetRandomHalftones(OrvDoc::Fillable& object, Random& random)
     }
 }
 
+void SetRandomHalftones(OrvDoc::Image& image, Random& random)
+{
+    if (random() % 6 == 0) {
+        image.SetHalftoneSet(RandomHalftones(random));
+    }
+}
+
 void SetRandomBlending(OrvDoc::Blendable& object, Random& random)
 {
     if (random() % 3 == 0) {

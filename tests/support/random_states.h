@@ -6,6 +6,7 @@
 #include <boost/optional.hpp>
 
 #include <orv_doc/fillable.h>
+#include <orv_doc/image.h>
 #include <orv_doc/transfer_function_set.h>
 
 /// Random values of what a content or an object has of the graphics state beside its colours.
@@ -18,5 +19,6 @@ boost::optional<OrvDoc::TransferFunctionSet> RandomTransferFunctions(std::mt1993
 void SetRandomBlending(OrvDoc::Blendable& object, std::mt19937& random);
 /// Gives some objects halftones.
 void SetRandomHalftones(OrvDoc::Fillable& object, std::mt19937& random);
+void SetRandomHalftones(OrvDoc::Image& image, std::mt19937& random);
 
 } // namespace HarrowSupport::Testing
