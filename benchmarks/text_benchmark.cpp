@@ -3,7 +3,6 @@
 // that makes. The peak of memory is that of a process of its own, which this program starts with itself.
 
 #include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -63,26 +62,9 @@ std::size_t CompareFiles(const File& left, const File& right)
     return reporter.count;
 }
 
-/// Most memory that the process had so far.
-std::size_t PeakKibibytes()
-{
-    std::ifstream status("/proc/self/status");
-    for (std::string word; status >> word;) {
-        std::size_t kibibytes = 0;
-        if (word == "VmHWM:" && status >> kibibytes)
-            return kibibytes;
-    }
-    throw std::runtime_error("the system does not tell the peak of memory");
-}
-
 double PeakMebibytesOfComparing(const File& left, const File& right, const File& answer)
 {
-    RunProgram({boost::filesystem::read_symlink("/proc/self/exe").string(), comparisonArgument, left.string(),
-                right.string(), answer.string()});
-    std::ifstream stream(answer.string());
-    std::size_t kibibytes = 0;
-    stream >> kibibytes;
-    return static_cast<double>(kibibytes) / 1024.0;
+    return PeakMebibytesOfOwnRun({comparisonArgument, left.string(), right.string()}, answer.string());
 }
 
 bool IsInstalled(const std::string& program)
@@ -276,7 +258,7 @@ int main(int argc, char** argv)
 {
     if (argc == 5 && std::string(argv[1]) == comparisonArgument) {
         CompareFiles(argv[2], argv[3]);
-        std::ofstream(argv[4]) << PeakKibibytes();
+        TellPeak(argv[4]);
         return EXIT_SUCCESS;
     }
     RegisterAll();

@@ -4,6 +4,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include <boost/filesystem/operations.hpp>
+
 #include <fcntl.h>
 #include <malloc.h>
 #include <spawn.h>
@@ -48,6 +50,31 @@ std::size_t ResidentBytes()
     std::size_t resident = 0;
     file >> total >> resident;
     return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+}
+
+double PeakMebibytesOfOwnRun(std::vector<std::string> arguments, const std::string& answerFile)
+{
+    arguments.insert(arguments.begin(), boost::filesystem::read_symlink("/proc/self/exe").string());
+    arguments.push_back(answerFile);
+    RunProgram(arguments);
+    std::ifstream stream(answerFile);
+    std::size_t kibibytes = 0;
+    if (!(stream >> kibibytes))
+        throw std::runtime_error("the run did not tell its peak of memory");
+    return static_cast<double>(kibibytes) / 1024.0;
+}
+
+void TellPeak(const std::string& answerFile)
+{
+    std::ifstream status("/proc/self/status");
+    for (std::string word; status >> word;) {
+        std::size_t kibibytes = 0;
+        if (word == "VmHWM:" && status >> kibibytes) {
+            std::ofstream(answerFile) << kibibytes;
+            return;
+        }
+    }
+    throw std::runtime_error("the system does not tell the peak of memory");
 }
 
 } // namespace Benchmarks

@@ -48,4 +48,11 @@ void RunProgram(const std::vector<std::string>& arguments, const std::vector<int
 /// Bytes of the process that are in memory now, after free blocks have been given back.
 std::size_t ResidentBytes();
 
+/// Runs this program once more with these arguments and behind them the name of a file, into which that run
+/// puts its peak of memory through TellPeak. Throws as RunProgram does, and if the file tells nothing.
+double PeakMebibytesOfOwnRun(std::vector<std::string> arguments, const std::string& answerFile);
+
+/// Writes the most memory that the process had so far.
+void TellPeak(const std::string& answerFile);
+
 } // namespace Benchmarks
