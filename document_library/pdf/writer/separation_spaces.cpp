@@ -164,8 +164,22 @@ ColorSpace::Pointer MakeSeparation(const std::string& name, const Representation
     return ColorSpace::Separation(name, ColorSpace::DeviceCMYK(), LinearTint({0, 0, 0, 0}, ProcessInk(name)));
 }
 
+/// What each colorant looks like by itself (ISO 32000-1, Table 71): renderers that make separations ask for
+/// it.
+PdfObject MakeAttributes(const std::vector<std::string>& names, const std::vector<Representation>& looks)
+{
+    PdfObject::Entries colorants;
+    for (std::size_t index = 0; index < names.size(); ++index) {
+        if (names[index] != "None") {
+            colorants.emplace(names[index], MakeSeparation(names[index], looks[index])->GetDefinition());
+        }
+    }
+    return PdfObject::Dictionary({{"Colorants", PdfObject::Dictionary(std::move(colorants))}});
+}
+
 ColorSpace::Pointer MakeDeviceN(const std::vector<std::string>& names,
-                                const std::vector<Representation>& looks)
+                                const std::vector<Representation>& looks,
+                                const PdfObject& attributes = PdfObject())
 {
     std::vector<Cmyk> inks;
     for (std::size_t index = 0; index < names.size(); ++index) {
@@ -179,7 +193,8 @@ ColorSpace::Pointer MakeDeviceN(const std::vector<std::string>& names,
     const PdfObject dictionary = PdfObject::Dictionary({{"FunctionType", PdfObject::Integer(4)},
                                                         {"Domain", UnitRanges(names.size())},
                                                         {"Range", UnitRanges(4)}});
-    return ColorSpace::DeviceN(names, ColorSpace::DeviceCMYK(), PdfObject::Stream(dictionary, AddUp(inks)));
+    return ColorSpace::DeviceN(names, ColorSpace::DeviceCMYK(), PdfObject::Stream(dictionary, AddUp(inks)),
+                               attributes);
 }
 
 } // namespace
@@ -279,7 +294,7 @@ ColorSpace::Pointer SeparationSpaces::GetWithLooks(const std::vector<std::string
         }
     }
     if (names.size() > 1) {
-        return MakeDeviceN(names, all);
+        return MakeDeviceN(names, all, MakeAttributes(names, all));
     }
     const bool isStated = looks.front().GetKind() != Representation::Kind::None;
     return isStated ? MakeSeparation(names.front(), all.front()) : MakeSingle(names.front());

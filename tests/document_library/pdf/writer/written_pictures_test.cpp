@@ -494,6 +494,15 @@ TEST_F(WrittenPictures, EqualPicturesAreOneObject)
     EXPECT_EQ(CountPictures(), 1);
 }
 
+TEST_F(WrittenPictures, SeveralSeparationsTellWhatEachOfThemLooksLike)
+{
+    QPDFObjectHandle space = SavedDictionary(OfSeparations({"Gold", "Cyan"}, "ab")).getKey("/ColorSpace");
+    QPDFObjectHandle colorants = space.getArrayItem(4).getKey("/Colorants");
+    EXPECT_THAT(colorants.getKeys(), ElementsAre("/Cyan", "/Gold"));
+    EXPECT_EQ(colorants.getKey("/Cyan").getArrayItem(0).getName(), "/Separation");
+    EXPECT_EQ(colorants.getKey("/Cyan").getArrayItem(3).getKey("/C1").unparse(), "[ 1 0 0 0 ]");
+}
+
 TEST_F(WrittenPictures, AMappingOfItsOwnNamesTheChannels)
 {
     const auto picture = Make(OfSeparations({"Gold", "Silver", "Copper"}, "abc"));
