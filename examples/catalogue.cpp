@@ -1,6 +1,7 @@
 // Writes a PDF file with every picture of the catalogue, and takes each of them through a round trip of its
 // own.
 
+#include "support/all_options.h"
 #include "support/command_line.h"
 #include "support/count.h"
 #include "support/error_list.h"
@@ -92,25 +93,12 @@ void WriteCatalogue(const std::string& file, const std::vector<TestCase>& cases)
     document->Save(file, OrvDoc::WriteOptions(OrvDoc::WriteOptions::Flavour::Full));
 }
 
-HarrowSupport::Comparators::Options AllFlags()
-{
-    HarrowSupport::Comparators::Options options;
-    options.looseImageLinks = true;
-    options.compareImageData = true;
-    options.compareSeparationInfo = true;
-    options.softMaskAsChannel = true;
-    options.expandIndexedImages = true;
-    options.comparePatternContentReuse = true;
-    options.dumpLevel = 0;
-    return options;
-}
-
 /// What came up on the way, and what is wrong with the document that came back.
 HarrowSupport::RoundTripResult MakeRoundTrip(const TestCase& testCase)
 {
     auto document = OrvDoc::Document::CreateNew();
     AddPage(*document, testCase);
-    auto result = HarrowSupport::TestRoundTripStructure(document, AllFlags());
+    auto result = HarrowSupport::TestRoundTripStructure(document, Examples::AllOptions());
     for (const Examples::PlacedError& entry : Examples::ListActiveErrors(*document))
         result.documentErrors.push_back(entry.error);
     return result;

@@ -1,6 +1,7 @@
 // Takes PDF files through the write path of the library and compares the first page of each with a copy that
 // was put aside before.
 
+#include "support/all_options.h"
 #include "support/command_line.h"
 #include "support/round_trip_report.h"
 #include "support/run_program.h"
@@ -47,19 +48,6 @@ Exit code: 0 if there is no difference, 1 if there is one, 2 if a file could not
 the command line is wrong. Standard error then says why; the other files are tried all the same.
 )";
 
-HarrowSupport::Comparators::Options AllFlags()
-{
-    HarrowSupport::Comparators::Options options;
-    options.looseImageLinks = true;
-    options.compareImageData = true;
-    options.compareSeparationInfo = true;
-    options.softMaskAsChannel = true;
-    options.expandIndexedImages = true;
-    options.comparePatternContentReuse = true;
-    options.dumpLevel = 0;
-    return options;
-}
-
 /// A round trip that ends in an exception leaves its copy in the scratch document, where the next one would
 /// compare it along with its own.
 void EmptyScratchDocument()
@@ -78,8 +66,9 @@ HarrowSupport::RoundTripResult MakeRoundTrip(const std::string& file,
     // A damaged page tree can leave a document without pages, which a round trip is not made for.
     if (document->GetNumberOfPages() == 0)
         throw std::runtime_error("there is no page that can be read");
-    return commandLine.HasOption("--flush") ? HarrowSupport::TestRoundTripStructure(*document, AllFlags())
-                                            : HarrowSupport::TestRoundTripStructure(document, AllFlags());
+    return commandLine.HasOption("--flush")
+               ? HarrowSupport::TestRoundTripStructure(*document, Examples::AllOptions())
+               : HarrowSupport::TestRoundTripStructure(document, Examples::AllOptions());
 }
 
 Examples::ExitCode MakeRoundTrips(const std::vector<std::string>& arguments, std::ostream& output)

@@ -6,8 +6,6 @@
 #include "support/corpus_run.h"
 #include "support/page_images.h"
 
-#include <boost/filesystem/operations.hpp>
-
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -26,15 +24,9 @@ protected:
 
     void SetUp() override
     {
-#if defined(__SANITIZE_ADDRESS__)
-        GTEST_SKIP() << "the renderers are the same under a sanitizer, and slow";
-#endif
-        if (!boost::filesystem::is_directory(CorpusFolder())) {
-            GTEST_SKIP() << "there is no folder " << CorpusFolder()
-                         << "; HARROW_CORPUS_DIR names another folder of PDF files";
-        }
-        if (!CanRenderPages())
-            GTEST_SKIP() << "install poppler-utils to run this test";
+        const std::string reason = WhyNotRendered();
+        if (!reason.empty())
+            GTEST_SKIP() << reason;
         // Of any other folder it may be true that every page has something that is not modelled.
         isOwnCorpus = !ReadRemarks(CorpusFolder()).empty();
         if (!outcomes.empty())

@@ -2,6 +2,7 @@
 // picture is painted twice, as its file encodes it and with samples of this library's decoding, and the pages
 // have to look alike. What cannot be decoded is listed.
 
+#include "support/corpus_appearance.h"
 #include "support/corpus_run.h"
 #include "support/document_makers.h"
 #include "support/page_images.h"
@@ -15,8 +16,6 @@
 #include <orv_img/buffered_picture_source.h>
 #include <orv_img/painted_picture.h>
 #include <orv_img/picture_data.h>
-
-#include <boost/filesystem/operations.hpp>
 
 #include <gtest/gtest.h>
 
@@ -133,15 +132,9 @@ class CorpusPictures : public ::testing::Test
 protected:
     void SetUp() override
     {
-#if defined(__SANITIZE_ADDRESS__)
-        GTEST_SKIP() << "the renderers are the same under a sanitizer, and slow";
-#endif
-        if (!boost::filesystem::is_directory(CorpusFolder())) {
-            GTEST_SKIP() << "there is no folder " << CorpusFolder()
-                         << "; HARROW_CORPUS_DIR names another folder of PDF files";
-        }
-        if (!CanRenderPages())
-            GTEST_SKIP() << "install poppler-utils to run this test";
+        const std::string reason = WhyNotRendered();
+        if (!reason.empty())
+            GTEST_SKIP() << reason;
     }
 
     /// How many pictures of the file were compared.

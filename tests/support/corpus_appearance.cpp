@@ -162,6 +162,19 @@ double AppearanceOutcome::GetWorstShare() const
     return worst;
 }
 
+std::string WhyNotRendered()
+{
+#if defined(__SANITIZE_ADDRESS__)
+    return "the renderers are the same under a sanitizer, and slow";
+#else
+    if (!boost::filesystem::is_directory(CorpusFolder())) {
+        return "there is no folder " + CorpusFolder() +
+               "; HARROW_CORPUS_DIR names another folder of PDF files";
+    }
+    return CanRenderPages() ? "" : "install poppler-utils to run this test";
+#endif
+}
+
 std::vector<AppearanceOutcome> CompareAppearances(const std::string& folder, const ProcessLimits& limits)
 {
     const std::vector<std::string> files = ListCorpusFiles(folder);

@@ -48,6 +48,10 @@ constexpr int channelTolerance = 8;
 /// The share of pixels of a page that may differ. Edges that fall on the other side of a pixel's middle.
 constexpr double shareTolerance = 0.001;
 
+/// Why the pages of real files are not rendered here; empty if they are: there is no folder of them or no
+/// renderer, or the tests run under the address sanitizer, where renderers are slow and no different.
+std::string WhyNotRendered();
+
 /// Looks at all files `*.pdf` below a folder, several at once. Sorted by file name.
 /// @throws what RunProcess, RenderPages and the file system throw
 std::vector<AppearanceOutcome> CompareAppearances(const std::string& folder, const ProcessLimits& limits);
