@@ -201,13 +201,7 @@ TEST_F(CompareDocuments, SaysThatStandardOutputCannotBeWritten)
 class CompareEncryptedDocuments : public CompareDocuments
 {
 protected:
-    void SetUp() override
-    {
-        const ProcessResult made = WriteEncryptedLeaflet(encrypted);
-        if (made.exitCode == 127)
-            GTEST_SKIP() << "qpdf, which encrypts the file of this test, is not installed";
-        ASSERT_EQ(made.exitCode, 0) << made.errors;
-    }
+    void SetUp() override { WriteEncryptedLeaflet(encrypted); }
 
     std::string encrypted = folder.NameOf("encrypted.pdf");
 };

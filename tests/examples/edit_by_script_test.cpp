@@ -362,12 +362,17 @@ TEST_F(EditByScript, NamesAFileThatIsMissing)
     EXPECT_THAT(result.errors, AllOf(StartsWith("edit_by_script: "), HasSubstr(missing)));
 }
 
-TEST_F(EditByScript, OpensAFileWithItsPassword)
+/// Needs qpdf, which writes the encrypted file.
+class EditEncryptedByScript : public EditByScript
 {
-    const std::string encrypted = folder.NameOf("encrypted.pdf");
-    const ProcessResult made = WriteEncryptedLeaflet(encrypted);
-    if (made.exitCode == 127)
-        GTEST_SKIP() << "qpdf, which encrypts the file of this test, is not installed";
+protected:
+    void SetUp() override { WriteEncryptedLeaflet(encrypted); }
+
+    std::string encrypted = folder.NameOf("encrypted.pdf");
+};
+
+TEST_F(EditEncryptedByScript, OpensAFileWithItsPassword)
+{
     EXPECT_EQ(Edit(encrypted, "$list\n").exitCode, 2);
     EXPECT_EQ(Edit(encrypted, "$list\n", {"--password", "secret"}).exitCode, 0);
 }

@@ -3,6 +3,8 @@
 #include "support/child_process.h"
 #include "support/pdf_text.h"
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <vector>
 
@@ -25,12 +27,15 @@ inline std::string ExampleFile(const std::string& name)
     return std::string(HARROW_SOURCE_FOLDER) + "/examples/data/" + name;
 }
 
-/// Writes an encrypted copy of the first leaflet, with the password "secret", by means of qpdf. The exit code
-/// is 127 if that is not installed.
-inline ProcessResult WriteEncryptedLeaflet(const std::string& file)
+/// Writes an encrypted copy of the first leaflet, with the password "secret", by means of qpdf. To be called
+/// by the set-up of a test, which is skipped if that is not installed.
+inline void WriteEncryptedLeaflet(const std::string& file)
 {
-    return RunProcess(
+    const ProcessResult made = RunProcess(
         {"qpdf", "--encrypt", "secret", "owner", "256", "--", ExampleFile("leaflet-v1.pdf"), file});
+    if (made.exitCode == 127)
+        GTEST_SKIP() << "qpdf, which encrypts the file of this test, is not installed";
+    ASSERT_EQ(made.exitCode, 0) << made.errors;
 }
 
 /// A number of path operators: a triangle whose corner lies at the given place.

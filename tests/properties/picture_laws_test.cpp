@@ -9,10 +9,12 @@
 #include <orv_doc/write_options.h>
 
 #include "support/document_makers.h"
+#include "support/error_texts.h"
 #include "support/random_documents.h"
 #include "support/random_pictures.h"
 #include "support/temporary_folder.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -108,15 +110,6 @@ std::vector<std::string> DescribeImages(const OrvDoc::Content& content)
     return texts;
 }
 
-std::string ErrorsOf(const OrvDoc::Content& content)
-{
-    std::string text;
-    for (const auto& error : content.GetActiveErrors().GetAllErrors()) {
-        text += error->GetText() + "\n";
-    }
-    return text;
-}
-
 TEST(PictureLaws, APictureComesBackFromAFileExactlyAsItWas)
 {
     const TemporaryFolder folder;
@@ -135,9 +128,9 @@ TEST(PictureLaws, APictureComesBackFromAFileExactlyAsItWas)
 
     const std::string file = folder.NameOf("pictures.pdf");
     document->Save(file, OrvDoc::WriteOptions(OrvDoc::WriteOptions::Flavour::Full));
-    EXPECT_EQ(ErrorsOf(content), "");
+    EXPECT_THAT(TextsOf(content.GetActiveErrors()), ::testing::IsEmpty());
     const auto saved = OrvDoc::Document::Create(file, OrvDoc::ReadOptions());
-    EXPECT_EQ(ErrorsOf(ContentOf(*saved)), "");
+    EXPECT_THAT(TextsOf(ContentOf(*saved).GetActiveErrors()), ::testing::IsEmpty());
     const std::vector<std::string> after = DescribeImages(ContentOf(*saved));
 
     ASSERT_EQ(after.size(), before.size());

@@ -12,10 +12,12 @@
 #include <plexa/geometry.h>
 
 #include "support/document_makers.h"
+#include "support/error_texts.h"
 #include "support/random_documents.h"
 #include "support/random_shadings.h"
 #include "support/temporary_folder.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <utility>
@@ -40,15 +42,6 @@ std::vector<std::string> DescribeFills(const OrvDoc::Content& content)
     return texts;
 }
 
-std::string ErrorsOf(const OrvDoc::Content& content)
-{
-    std::string text;
-    for (const auto& error : content.GetActiveErrors().GetAllErrors()) {
-        text += error->GetText() + "\n";
-    }
-    return text;
-}
-
 TEST(ShadingLaws, AShadingComesBackFromAFileExactlyAsItWas)
 {
     const TemporaryFolder folder;
@@ -61,10 +54,10 @@ TEST(ShadingLaws, AShadingComesBackFromAFileExactlyAsItWas)
         Place(content, std::move(path));
     }
     document->Save(folder.NameOf("shadings.pdf"), OrvDoc::WriteOptions(OrvDoc::WriteOptions::Flavour::Full));
-    EXPECT_EQ(ErrorsOf(content), "");
+    EXPECT_THAT(TextsOf(content.GetActiveErrors()), ::testing::IsEmpty());
 
     const auto reopened = OrvDoc::Document::Create(folder.NameOf("shadings.pdf"), OrvDoc::ReadOptions());
-    EXPECT_EQ(ErrorsOf(ContentOf(*reopened)), "");
+    EXPECT_THAT(TextsOf(ContentOf(*reopened).GetActiveErrors()), ::testing::IsEmpty());
     const auto before = DescribeFills(std::as_const(content));
     const auto after = DescribeFills(std::as_const(ContentOf(*reopened)));
     ASSERT_EQ(before.size(), after.size());

@@ -19,6 +19,7 @@
 
 #include "own_temporary_directory.h"
 #include "support/document_makers.h"
+#include "support/error_texts.h"
 #include "support/recording_reporter.h"
 
 /// What the tests of round trips share: trips of both kinds, and things that act while one is under way.
@@ -105,14 +106,6 @@ inline std::vector<std::string> LinesOf(const RoundTripResult& result)
     for (const HarrowSupport::Difference& difference : result.differences)
         lines.push_back(difference.label + ": " + difference.message);
     return lines;
-}
-
-inline std::vector<std::string> TextsOf(const std::vector<std::shared_ptr<OrvSys::Core::Error>>& errors)
-{
-    std::vector<std::string> texts;
-    for (const auto& error : errors)
-        texts.push_back(error->GetText());
-    return texts;
 }
 
 inline std::string ObjectPlace(const OrvDoc::ContentObject* object)

@@ -8,7 +8,7 @@
 #include <limits>
 #include <vector>
 
-#include <zlib.h>
+#include "support/deflated.h"
 
 namespace OrvColor
 {
@@ -150,13 +150,9 @@ TEST(ToColorListTest, ProfiledColorantsAreNamedForTheModel)
 TEST(ToColorListTest, ProfiledColorantsDontDependOnTheFilter)
 {
     const auto profile = GenColorProfiles::Instance().GetDefaultRgbProfile(true);
-    std::vector<Bytef> packed(compressBound(profile->GetData().size()));
-    uLongf size = packed.size();
-    compress(packed.data(), &size, reinterpret_cast<const Bytef*>(profile->GetData().data()),
-             profile->GetData().size());
     const PdfObject stream = PdfObject::Stream(
         PdfObject::Dictionary({{"N", PdfObject::Integer(3)}, {"Filter", PdfObject::Name("FlateDecode")}}),
-        std::string(packed.begin(), packed.begin() + static_cast<std::ptrdiff_t>(size)));
+        HarrowSupport::Testing::Deflated(profile->GetData()));
     const auto space = ColorSpace::FromDefinition(PdfObject::Array({PdfObject::Name("ICCBased"), stream}));
     EXPECT_EQ(Tints(space, {0, 0, 0}), Tints(ColorSpace::ICCBased(profile), {0, 0, 0}));
 }

@@ -5,20 +5,15 @@
 #include <vector>
 
 #include <boost/optional/optional_io.hpp>
-#include <zlib.h>
+
+#include "support/deflated.h"
 
 namespace OrvSys::Detail
 {
 namespace
 {
 
-std::string Deflate(const std::string& bytes)
-{
-    std::vector<Bytef> buffer(compressBound(bytes.size()));
-    uLongf size = buffer.size();
-    compress(buffer.data(), &size, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size());
-    return std::string(buffer.begin(), buffer.begin() + static_cast<std::ptrdiff_t>(size));
-}
+using HarrowSupport::Testing::Deflated;
 
 PdfObject MakeStream(PdfObject::Entries entries, std::string bytes)
 {
@@ -36,22 +31,23 @@ TEST(DecodeSmallStreamTest, GivesUnfilteredBytesAsTheyAre)
 TEST(DecodeSmallStreamTest, Inflates)
 {
     const std::string bytes(100'000, 'x');
-    EXPECT_EQ(DecodeSmallStream(MakeStream({{"Filter", Flate}}, Deflate(bytes))), bytes);
-    EXPECT_EQ(DecodeSmallStream(MakeStream({{"Filter", PdfObject::Array({Flate})}}, Deflate(bytes))), bytes);
+    EXPECT_EQ(DecodeSmallStream(MakeStream({{"Filter", Flate}}, Deflated(bytes))), bytes);
+    EXPECT_EQ(DecodeSmallStream(MakeStream({{"Filter", PdfObject::Array({Flate})}}, Deflated(bytes))), bytes);
 }
 
 TEST(DecodeSmallStreamTest, RefusesPredictorsAndOtherFilters)
 {
     const PdfObject parameters = PdfObject::Dictionary({{"Predictor", PdfObject::Integer(12)}});
     EXPECT_FALSE(
-        DecodeSmallStream(MakeStream({{"Filter", Flate}, {"DecodeParms", parameters}}, Deflate("a"))));
+        DecodeSmallStream(MakeStream({{"Filter", Flate}, {"DecodeParms", parameters}}, Deflated("a"))));
     EXPECT_FALSE(DecodeSmallStream(MakeStream({{"Filter", PdfObject::Name("LZWDecode")}}, "a")));
-    EXPECT_FALSE(DecodeSmallStream(MakeStream({{"Filter", PdfObject::Array({Flate, Flate})}}, Deflate("a"))));
+    EXPECT_FALSE(
+        DecodeSmallStream(MakeStream({{"Filter", PdfObject::Array({Flate, Flate})}}, Deflated("a"))));
 }
 
 TEST(DecodeSmallStreamTest, RefusesDamagedBytes)
 {
-    std::string bytes = Deflate(std::string(1000, 'x') + "some other text");
+    std::string bytes = Deflated(std::string(1000, 'x') + "some other text");
     bytes.resize(bytes.size() / 2);
     EXPECT_FALSE(DecodeSmallStream(MakeStream({{"Filter", Flate}}, bytes)));
     EXPECT_FALSE(DecodeSmallStream(MakeStream({{"Filter", Flate}}, "no such thing")));
@@ -59,7 +55,7 @@ TEST(DecodeSmallStreamTest, RefusesDamagedBytes)
 
 TEST(DecodeSmallStreamTest, RefusesMoreBytesThanAsked)
 {
-    const PdfObject packed = MakeStream({{"Filter", Flate}}, Deflate(std::string(1000, 'x')));
+    const PdfObject packed = MakeStream({{"Filter", Flate}}, Deflated(std::string(1000, 'x')));
     EXPECT_TRUE(DecodeSmallStream(packed, 1000));
     EXPECT_FALSE(DecodeSmallStream(packed, 999));
     EXPECT_TRUE(DecodeSmallStream(MakeStream({}, "abc"), 3));

@@ -18,6 +18,7 @@
 #include <orv_paint/form_paint.h>
 
 #include "support/document_makers.h"
+#include "support/error_texts.h"
 #include "support/pdf_text.h"
 #include "support/temporary_folder.h"
 
@@ -65,10 +66,7 @@ inline const OrvDoc::Path& PathAt(const OrvDoc::Content& content, std::size_t in
 
 inline std::vector<std::string> ErrorsOf(const OrvDoc::Content& content)
 {
-    std::vector<std::string> texts;
-    for (const auto& error : content.GetActiveErrors().GetAllErrors())
-        texts.push_back(error->GetText());
-    return texts;
+    return HarrowSupport::Testing::TextsOf(content.GetActiveErrors());
 }
 
 /// One document in a folder of its own. Pages use the forms `F0`, `F1` and so on.

@@ -16,6 +16,7 @@
 
 #include "reader/interpreter_test_support.h"
 #include "support/document_makers.h"
+#include "support/error_texts.h"
 #include "support/file_bytes.h"
 #include "support/pdf_text.h"
 #include "support/temporary_folder.h"
@@ -93,10 +94,7 @@ public:
     std::vector<std::string> Shown(std::size_t page = 0) { return ShownOn(Page(page)); }
     std::vector<std::string> Errors(std::size_t page = 0)
     {
-        std::vector<std::string> texts;
-        for (const auto& error : Page(page).GetActiveErrors().GetAllErrors())
-            texts.push_back(error->GetText());
-        return texts;
+        return HarrowSupport::Testing::TextsOf(Page(page).GetActiveErrors());
     }
 
     std::string Path(const std::string& name = "out.pdf") const { return folder.NameOf(name); }

@@ -5,24 +5,15 @@
 
 #include <string>
 
-#include <zlib.h>
+#include "support/deflated.h"
 
 namespace
 {
 
+using HarrowSupport::Testing::Deflated;
 using OrvPdf::DecodingResult;
 using OrvPdf::Inflate;
 using testing::HasSubstr;
-
-std::string Deflated(const std::string& plain)
-{
-    uLongf size = compressBound(static_cast<uLong>(plain.size()));
-    std::string encoded(size, '\0');
-    compress(reinterpret_cast<Bytef*>(encoded.data()), &size, reinterpret_cast<const Bytef*>(plain.data()),
-             static_cast<uLong>(plain.size()));
-    encoded.resize(size);
-    return encoded;
-}
 
 /// Text that does not shrink to nothing.
 std::string Varied(std::size_t size)

@@ -10,6 +10,7 @@
 #include <orv_doc/errors.h>
 
 #include "pdf/reader/source_file.h"
+#include "support/error_texts.h"
 #include "support/temporary_folder.h"
 
 namespace ReaderTests
@@ -43,12 +44,6 @@ inline std::unique_ptr<OrvDoc::Document> ReadBytes(const std::string& bytes,
     return OrvDoc::Document::Create(folder.Write("file.pdf", bytes), options);
 }
 
-inline std::vector<std::string> TextsOf(const OrvDoc::Errors& errors)
-{
-    std::vector<std::string> texts;
-    for (const auto& error : errors.GetAllErrors())
-        texts.push_back(error->GetText());
-    return texts;
-}
+using HarrowSupport::Testing::TextsOf;
 
 } // namespace ReaderTests

@@ -6,18 +6,18 @@
 #include <string>
 #include <vector>
 
-#include <zlib.h>
-
 #include <orv_img/painted_picture.h>
 
 #include "document_library/pdf/pictures/dct_files.h"
 #include "document_library/pdf/pictures/fax_files.h"
 #include "document_library/pdf/pictures/jpx_files.h"
 #include "document_library/pdf/reader/picture_files.h"
+#include "support/deflated.h"
 
 namespace
 {
 
+using HarrowSupport::Testing::Deflated;
 using OrvImg::MaskKind;
 using ReaderTests::ImageObject;
 using ReaderTests::PictureBench;
@@ -35,16 +35,6 @@ const std::string rgb = "/BitsPerComponent 8 /ColorSpace /DeviceRGB ";
 std::string Size(std::size_t width, std::size_t height)
 {
     return "/Width " + std::to_string(width) + " /Height " + std::to_string(height) + " ";
-}
-
-std::string Deflated(const std::string& bytes)
-{
-    uLongf size = compressBound(static_cast<uLong>(bytes.size()));
-    std::string result(size, '\0');
-    compress(reinterpret_cast<Bytef*>(result.data()), &size, reinterpret_cast<const Bytef*>(bytes.data()),
-             static_cast<uLong>(bytes.size()));
-    result.resize(size);
-    return result;
 }
 
 std::string InHexadecimal(const std::string& bytes)

@@ -5,9 +5,8 @@
 
 #include <string>
 
-#include <zlib.h>
-
 #include "document_library/pdf/reader/opened_file.h"
+#include "support/deflated.h"
 #include "support/pdf_text.h"
 
 namespace
@@ -16,16 +15,6 @@ namespace
 using namespace HarrowSupport::Testing;
 using testing::AllOf;
 using testing::HasSubstr;
-
-std::string Deflated(const std::string& plain)
-{
-    uLongf size = compressBound(static_cast<uLong>(plain.size()));
-    std::string encoded(size, '\0');
-    compress(reinterpret_cast<Bytef*>(encoded.data()), &size, reinterpret_cast<const Bytef*>(plain.data()),
-             static_cast<uLong>(plain.size()));
-    encoded.resize(size);
-    return encoded;
-}
 
 struct Result
 {

@@ -10,6 +10,7 @@
 #include <orv_doc/layers.h>
 #include <orv_sys/error.h>
 
+#include "support/error_texts.h"
 #include "support/file_bytes.h"
 #include "support/pdf_text.h"
 #include "support/temporary_folder.h"
@@ -76,15 +77,6 @@ protected:
 private:
     std::unique_ptr<QPDF> objects;
 };
-
-std::vector<std::string> TextsOf(const OrvDoc::Errors& errors)
-{
-    std::vector<std::string> texts;
-    for (const auto& error : errors.GetAllErrors()) {
-        texts.push_back(error->GetText());
-    }
-    return texts;
-}
 
 TEST_F(WriteDocument, WritesADocumentThatAProgramMade)
 {

@@ -12,6 +12,7 @@
 #include <orv_doc/errors.h>
 #include <plexa/geometry.h>
 
+#include "support/error_texts.h"
 #include "support/picture_makers.h"
 #include "support/temporary_folder.h"
 #include "writer_test_support.h"
@@ -94,13 +95,7 @@ protected:
         return count;
     }
 
-    std::vector<std::string> Problems()
-    {
-        std::vector<std::string> texts;
-        for (const auto& error : ContentOf(*document).GetActiveErrors().GetAllErrors())
-            texts.push_back(error->GetText());
-        return texts;
-    }
+    std::vector<std::string> Problems() { return TextsOf(ContentOf(*document).GetActiveErrors()); }
 
     /// Saves, and expects that nothing is painted for that reason.
     void ExpectRefused(const std::string& reason)
