@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "pdf/reader/qpdf_text.h"
+#include "pdf/reader/resource_guard.h"
 #include "pdf/reader/source_file.h"
 #include "pdf/reader/stream_data.h"
 
@@ -31,16 +32,9 @@ struct ConversionFailure : std::runtime_error
 OrvSys::PdfObject ObjectConverter::Convert(QPDFObjectHandle object, std::string& problem)
 {
     Run run;
-    try {
-        return ConvertNode(object, run);
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (const QPDFExc& failure) {
-        problem = DescribeProblem(failure);
-    } catch (const std::exception& failure) {
-        problem = failure.what();
-    }
-    return {};
+    OrvSys::PdfObject converted;
+    GuardLookUp(problem, [&] { converted = ConvertNode(object, run); });
+    return converted;
 }
 
 OrvSys::PdfObject ObjectConverter::ConvertNode(QPDFObjectHandle object, Run& run)

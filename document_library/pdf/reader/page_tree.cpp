@@ -8,6 +8,7 @@
 #include <qpdf/QPDF.hh>
 
 #include "pdf/reader/qpdf_text.h"
+#include "pdf/reader/resource_guard.h"
 
 namespace OrvPdf
 {
@@ -57,15 +58,9 @@ private:
 
     void Enter(QPDFObjectHandle node, InheritedEntries inherited, const std::string& place)
     {
-        try {
-            EnterNode(node, std::move(inherited), place);
-        } catch (const QPDFExc& problem) {
-            errors.Add(place + " cannot be read: " + DescribeProblem(problem));
-        } catch (const std::bad_alloc&) {
-            throw;
-        } catch (const std::exception& problem) {
-            errors.Add(place + " cannot be read: " + problem.what());
-        }
+        std::string problem;
+        if (!GuardLookUp(problem, [&] { EnterNode(node, std::move(inherited), place); }))
+            errors.Add(place + " cannot be read: " + problem);
     }
 
     void EnterNode(QPDFObjectHandle node, InheritedEntries inherited, const std::string& place)

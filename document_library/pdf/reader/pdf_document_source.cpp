@@ -14,7 +14,7 @@
 #include "pdf/reader/output_intent_reader.h"
 #include "pdf/reader/page_source.h"
 #include "pdf/reader/page_tree.h"
-#include "pdf/reader/qpdf_text.h"
+#include "pdf/reader/resource_guard.h"
 #include "pdf/reader/separation_reader.h"
 
 namespace OrvPdf
@@ -27,30 +27,19 @@ namespace
 template <typename Function>
 void ReadPart(const char* part, ErrorList& errors, Function function)
 {
-    try {
-        function();
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (const QPDFExc& problem) {
-        errors.Add(std::string(part) + " cannot be read: " + DescribeProblem(problem));
-    } catch (const std::exception& problem) {
-        errors.Add(std::string(part) + " cannot be read: " + problem.what());
-    }
+    std::string problem;
+    if (!GuardLookUp(problem, function))
+        errors.Add(std::string(part) + " cannot be read: " + problem);
 }
 
 // A problem with the file's structure ends up here if nothing can be read past it.
 std::string FindFatalProblem(QPDF& file)
 {
-    try {
-        return HasPages(file) ? std::string()
-                              : "the document has no pages: the catalogue's Pages is no dictionary";
-    } catch (const QPDFExc& problem) {
-        return "the file is damaged beyond repair: " + DescribeProblem(problem);
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (const std::exception& problem) {
-        return std::string("the file is damaged beyond repair: ") + problem.what();
-    }
+    std::string problem;
+    bool hasPages = false;
+    if (!GuardLookUp(problem, [&] { hasPages = HasPages(file); }))
+        return "the file is damaged beyond repair: " + problem;
+    return hasPages ? std::string() : "the document has no pages: the catalogue's Pages is no dictionary";
 }
 
 } // namespace

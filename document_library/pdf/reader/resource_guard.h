@@ -11,12 +11,14 @@
 namespace OrvPdf
 {
 
-/// Runs what may throw for what the file holds; the reason becomes the problem.
+/// Runs what may throw for what the file holds. If it does, the reason becomes the problem, and the answer is
+/// false.
 template <typename Function>
-void GuardLookUp(std::string& problem, Function function)
+bool GuardLookUp(std::string& problem, Function function)
 {
     try {
         function();
+        return true;
     } catch (const QPDFExc& failure) {
         problem = DescribeProblem(failure);
     } catch (const std::bad_alloc&) {
@@ -24,6 +26,7 @@ void GuardLookUp(std::string& problem, Function function)
     } catch (const std::exception& failure) {
         problem = failure.what();
     }
+    return false;
 }
 
 } // namespace OrvPdf
