@@ -1,13 +1,12 @@
 #include "pdf/writer/separation_spaces.h"
 
 #include <array>
-#include <cmath>
 #include <stdexcept>
 
 #include <orv_sys/pdf_object.h>
 
-#include "orv_color/ink_model.h"
 #include "pdf/number_text.h"
+#include "pdf/writer/process_inks.h"
 
 namespace OrvPdf
 {
@@ -18,9 +17,6 @@ namespace
 using OrvColor::ColorSpace;
 using OrvColor::Representation;
 using OrvSys::PdfObject;
-using Cmyk = std::array<float, 4>;
-
-constexpr std::array<double, 3> whitePointD50 = {0.9642, 1.0, 0.8249};
 
 PdfObject Number(float value)
 {
@@ -60,71 +56,10 @@ PdfObject LinearTint(const std::vector<float>& paper, const Numbers& fullTint)
                                   {"N", PdfObject::Integer(1)}});
 }
 
-Cmyk FromLight(const OrvColor::Detail::Light& light)
-{
-    const OrvColor::Detail::Tints tints = OrvColor::Detail::SeparateLight(light);
-    Cmyk inks;
-    for (std::size_t ink = 0; ink < inks.size(); ++ink) {
-        // Whole per mille are more than a stand-in for an ink is exact to.
-        inks[ink] = static_cast<float>(std::round(tints[ink] * 1000) / 1000);
-    }
-    return inks;
-}
-
-double ToLinear(double encoded)
-{
-    return encoded <= 0.04045 ? encoded / 12.92 : std::pow((encoded + 0.055) / 1.055, 2.4);
-}
-
-OrvColor::Detail::Light LabToLight(const std::vector<OrvColor::Component>& lab)
-{
-    const auto inverse = [](double value) {
-        return value > 6.0 / 29.0 ? value * value * value : (value - 4.0 / 29.0) * 108.0 / 841.0;
-    };
-    const double middle = (lab[0] + 16.0) / 116.0;
-    const double x = whitePointD50[0] * inverse(middle + lab[1] / 500.0);
-    const double y = inverse(middle);
-    const double z = whitePointD50[2] * inverse(middle - lab[2] / 200.0);
-    // XYZ under D50 to the primaries of sRGB, adapted by Bradford's method.
-    return {3.1338561 * x - 1.6168667 * y - 0.4906146 * z, -0.9787684 * x + 1.9161415 * y + 0.0334540 * z,
-            0.0719453 * x - 0.2289914 * y + 1.4052427 * z};
-}
-
-Cmyk ToCmyk(const Representation& representation)
-{
-    const std::vector<OrvColor::Component>& from = representation.GetComponents();
-    switch (representation.GetKind()) {
-    case Representation::Kind::Gray:
-        return {0, 0, 0, 1.0f - from[0]};
-    case Representation::Kind::Rgb:
-        return FromLight({ToLinear(from[0]), ToLinear(from[1]), ToLinear(from[2])});
-    case Representation::Kind::Cmyk:
-        return {from[0], from[1], from[2], from[3]};
-    case Representation::Kind::Lab:
-        return FromLight(LabToLight(from));
-    case Representation::Kind::None:
-        break;
-    }
-    return {0, 0, 0, 1};
-}
-
-Cmyk ProcessInk(const std::string& name)
-{
-    static const std::array<const char*, 3> names = {"Cyan", "Magenta", "Yellow"};
-    Cmyk inks = {0, 0, 0, 1};
-    for (std::size_t ink = 0; ink < names.size(); ++ink) {
-        if (name == names[ink]) {
-            inks[3] = 0;
-            inks[ink] = 1;
-        }
-    }
-    return inks;
-}
-
 /// A calculator (ISO 32000-1, 7.10.5) that adds up what the separations look like. The results pile up on top
 /// of the tints; at the end they are rolled below them and the tints are dropped. The range cuts sums
 /// above 1.
-std::string AddUp(const std::vector<Cmyk>& inks)
+std::string AddUp(const std::vector<ProcessInks>& inks)
 {
     std::string program = "{";
     for (std::size_t process = 0; process < 4; ++process) {
@@ -161,7 +96,8 @@ ColorSpace::Pointer MakeSeparation(const std::string& name, const Representation
     case Representation::Kind::None:
         break;
     }
-    return ColorSpace::Separation(name, ColorSpace::DeviceCMYK(), LinearTint({0, 0, 0, 0}, ProcessInk(name)));
+    return ColorSpace::Separation(name, ColorSpace::DeviceCMYK(),
+                                  LinearTint({0, 0, 0, 0}, GuessProcessInks(name)));
 }
 
 /// What each colorant looks like by itself (ISO 32000-1, Table 71): renderers that make separations ask for
@@ -181,14 +117,14 @@ ColorSpace::Pointer MakeDeviceN(const std::vector<std::string>& names,
                                 const std::vector<Representation>& looks,
                                 const PdfObject& attributes = PdfObject())
 {
-    std::vector<Cmyk> inks;
+    std::vector<ProcessInks> inks;
     for (std::size_t index = 0; index < names.size(); ++index) {
         const bool isKnown = looks[index].GetKind() != Representation::Kind::None;
         if (names[index] == "None") {
             inks.push_back({0, 0, 0, 0});
             continue;
         }
-        inks.push_back(isKnown ? ToCmyk(looks[index]) : ProcessInk(names[index]));
+        inks.push_back(isKnown ? ToProcessInks(looks[index]) : GuessProcessInks(names[index]));
     }
     const PdfObject dictionary = PdfObject::Dictionary({{"FunctionType", PdfObject::Integer(4)},
                                                         {"Domain", UnitRanges(names.size())},
@@ -242,13 +178,13 @@ ColorSpace::Pointer SeparationSpaces::GetWithBlanks(const std::vector<std::strin
 ColorSpace::Pointer SeparationSpaces::MakeAll()
 {
     return ColorSpace::Separation("All", ColorSpace::DeviceCMYK(),
-                                  LinearTint({0, 0, 0, 0}, Cmyk{0, 0, 0, 1}));
+                                  LinearTint({0, 0, 0, 0}, ProcessInks{0, 0, 0, 1}));
 }
 
 ColorSpace::Pointer SeparationSpaces::MakeNone()
 {
     return ColorSpace::Separation("None", ColorSpace::DeviceCMYK(),
-                                  LinearTint({0, 0, 0, 0}, Cmyk{0, 0, 0, 0}));
+                                  LinearTint({0, 0, 0, 0}, ProcessInks{0, 0, 0, 0}));
 }
 
 const OrvDoc::Separation::Entry* SeparationSpaces::Find(const std::string& name) const
