@@ -345,15 +345,19 @@ private:
     // marked_content_operators.cpp
     OrvSys::PdfObject ToObject(const Operand& operand, const Arguments& arguments);
     void BeginMark(const std::string& tag, const OrvSys::PdfObject& properties, const Arguments& arguments);
+    GroupRecipe ForeignRecipe(const std::string& tag, const OrvSys::PdfObject& properties, bool isPoint,
+                              const Arguments& arguments);
+    PropertyList LookUpPropertyList(const std::string& name, std::string& problem);
+
+    // private_marks.cpp
+    static GroupRecipe ReadGroupRecipe(const OrvSys::PdfObject& properties);
     void BeginObject(const OrvSys::PdfObject& properties);
     void BeginNamedText(const OrvSys::PdfObject& properties, const Arguments& arguments);
     void NameLine(const OrvSys::PdfObject& properties);
     void ApplyAttributes(const OrvSys::PdfObject& properties, const Arguments& arguments);
     void ExpectGroupParts(ScopeTree::Id scope, const OrvSys::PdfObject& properties,
                           const Arguments& arguments);
-    GroupRecipe ForeignRecipe(const std::string& tag, const OrvSys::PdfObject& properties, bool isPoint,
-                              const Arguments& arguments);
-    PropertyList LookUpPropertyList(const std::string& name, std::string& problem);
+    void ExpectClipMatrix(const OrvSys::PdfObject& properties);
 
     OrvDoc::Content& content;
     ContentResources& resources;

@@ -1,114 +1,18 @@
-#include <cmath>
 #include <stdexcept>
 
 #include "pdf/marked_content_tags.h"
-#include "pdf/number_text.h"
 #include "pdf/reader/interpreter.h"
+#include "pdf/reader/operand_conversion.h"
 
 namespace OrvPdf
 {
 
-namespace
-{
-
 using OrvSys::PdfObject;
-
-PdfObject ConvertNumber(const Operand& operand)
-{
-    // Larger integers have no room where integers are held.
-    constexpr double largestInteger = 9007199254740992.0;
-    const double value = operand.AsNumber();
-    if (operand.IsInteger() && std::fabs(value) < largestInteger) {
-        return PdfObject::Integer(static_cast<std::int64_t>(value));
-    }
-    // The text, as it stands, unless real files hold it and the standard doesn't know it, such as "--5" or
-    // "1e5".
-    double valueOfText = 0.0;
-    if (ParseNumber(operand.Text(), 0, valueOfText) && valueOfText == value) {
-        try {
-            return PdfObject::Real(std::string(operand.Text()));
-        } catch (const std::invalid_argument&) {
-        }
-    }
-    return PdfObject::Real(value);
-}
-
-// The nesting of operands is bounded by the lexer, and by the maker of arrays and dictionaries.
-PdfObject Convert(const Operand& operand)
-{
-    switch (operand.Kind()) {
-    case OperandKind::Null:
-        return PdfObject::Null();
-    case OperandKind::Boolean:
-        return PdfObject::Boolean(operand.AsBoolean());
-    case OperandKind::Number:
-        return ConvertNumber(operand);
-    case OperandKind::Name:
-        return PdfObject::Name(std::string(operand.Text()));
-    case OperandKind::String:
-        return PdfObject::String(std::string(operand.Text()));
-    case OperandKind::Array: {
-        PdfObject::Items items;
-        for (const Operand& element : operand.Elements()) {
-            items.push_back(Convert(element));
-        }
-        return PdfObject::Array(std::move(items));
-    }
-    case OperandKind::Dictionary:
-        break;
-    }
-    PdfObject::Entries entries;
-    const Operand* key = nullptr;
-    for (const Operand& element : operand.Elements()) {
-        if (key) {
-            entries.emplace(std::string(key->Text()), Convert(element));
-            key = nullptr;
-        } else if (element.IsName()) {
-            key = &element;
-        }
-    }
-    return PdfObject::Dictionary(std::move(entries));
-}
-
-/// The last two numbers are multiplied with ten to the power of `translationShift`.
-bool ReadMatrix(const PdfObject& value, Matrix& matrix, int translationShift = 3)
-{
-    if (!value.IsArray() || value.GetItems().size() != 6) {
-        return false;
-    }
-    double numbers[6] = {};
-    for (std::size_t i = 0; i < 6; ++i) {
-        const PdfObject& item = value.GetItems()[i];
-        if (!item.IsNumber() || !ParseNumber(item.Serialize(), i < 4 ? 0 : translationShift, numbers[i])) {
-            return false;
-        }
-    }
-    matrix = Matrix(numbers[0], numbers[1], numbers[2], numbers[3], numbers[4], numbers[5]);
-    return true;
-}
-
-GroupRecipe ReadGroupRecipe(const PdfObject& properties)
-{
-    GroupRecipe recipe;
-    const PdfObject name = properties.Find(Tags::nameKey);
-    if (name.IsString()) {
-        recipe.name = name.GetText();
-    }
-    const PdfObject flags = properties.Find(Tags::flagsKey);
-    if (flags.IsInteger()) {
-        recipe.flags = static_cast<std::uint32_t>(flags.GetInteger());
-    }
-    const PdfObject clip = properties.Find(Tags::clipKey);
-    recipe.isClippingTextGroup = clip.IsBoolean() && clip.GetBoolean();
-    return recipe;
-}
-
-} // namespace
 
 PdfObject Interpreter::ToObject(const Operand& operand, const Arguments& arguments)
 {
     try {
-        return Convert(operand);
+        return ConvertOperand(operand);
     } catch (const std::length_error& error) {
         problems.Unmodelled(arguments.OperatorText(), "a property list that is too large", error.what(),
                             arguments.Place());
@@ -152,43 +56,6 @@ void Interpreter::BeginMark(const std::string& tag, const PdfObject& properties,
     openMarks.push_back({scope});
     if (isGroup) {
         ExpectGroupParts(scope, properties, arguments);
-    }
-}
-
-void Interpreter::BeginObject(const PdfObject& properties)
-{
-    const PdfObject name = properties.Find(Tags::nameKey);
-    const auto isTrue = [&properties](const char* key) {
-        const PdfObject value = properties.Find(key);
-        return value.IsBoolean() && value.GetBoolean();
-    };
-    ObjectAttributes attributes;
-    attributes.name = name.IsString() ? name.GetText() : std::string();
-    attributes.evenOdd = isTrue(Tags::evenOddKey);
-    attributes.isolated = isTrue(Tags::isolatedKey);
-    attributes.knockout = isTrue(Tags::knockoutKey);
-    attributes.blended = isTrue(Tags::blendedKey);
-    attributes.halftones = isTrue(Tags::halftonesKey);
-    attributes.showsNothing = isTrue(Tags::emptyKey);
-    attributes.hasOutline = isTrue(Tags::outlineKey);
-    objectAttributes = std::move(attributes);
-    openMarks.push_back({0});
-}
-
-void Interpreter::ExpectGroupParts(ScopeTree::Id scope, const PdfObject& properties,
-                                   const Arguments& arguments)
-{
-    const PdfObject matrix = properties.Find(Tags::matrixKey);
-    if (ReadMatrix(matrix, groupMatrix.matrix)) {
-        groupMatrix.scope = scope;
-        groupMatrix.operation = operationNumber;
-    } else if (!matrix.IsNull()) {
-        problems.Odd(arguments.OperatorText(), "a group matrix that is none", {}, arguments.Place());
-    }
-    const PdfObject clips = properties.Find(Tags::ownClipsKey);
-    if (clips.IsInteger() && clips.GetInteger() > 0) {
-        ownClipsLeft = static_cast<std::uint64_t>(clips.GetInteger());
-        ownClipsScope = scope;
     }
 }
 
@@ -280,51 +147,12 @@ void Interpreter::MarkedPointList(const Arguments& arguments)
     if (tag == Tags::text) {
         BeginNamedText(properties, arguments);
     } else if (tag == Tags::reset) {
-        if (ReadMatrix(properties.Find(Tags::matrixKey), clipMatrix.matrix)) {
-            clipMatrix.operation = operationNumber;
-        }
+        ExpectClipMatrix(properties);
     } else if (tag == Tags::attributes) {
         ApplyAttributes(properties, arguments);
     } else {
         tree.Place(MakeGroup(ForeignRecipe(tag, properties, true, arguments)));
     }
-}
-
-void Interpreter::BeginNamedText(const PdfObject& properties, const Arguments& arguments)
-{
-    EndRun();
-    if (!PrepareShowing(arguments)) {
-        return;
-    }
-    PrepareRun();
-    Matrix own;
-    Matrix ofObject;
-    if (ReadMatrix(properties.Find(Tags::textKey), own) &&
-        ReadMatrix(properties.Find(Tags::matrixKey), ofObject)) {
-        text.run->SplitMatrix(own, ofObject);
-    }
-}
-
-void Interpreter::NameLine(const PdfObject& properties)
-{
-    Matrix matrix;
-    if (ReadMatrix(properties.Find(Tags::matrixKey), matrix, 0)) {
-        exactLine = {matrix.a, matrix.b, matrix.c, matrix.d, matrix.x.value, matrix.y.value};
-        exactLineOperation = operationNumber;
-    }
-}
-
-void Interpreter::ApplyAttributes(const PdfObject& properties, const Arguments& arguments)
-{
-    const bool isInside = droppedMarks == 0 && !openMarks.empty() && tree.IsInnermost(openMarks.back().scope);
-    if (!isInside) {
-        problems.Odd(arguments.OperatorText(), "attributes of a group that is none", {}, arguments.Place());
-        return;
-    }
-    GroupRecipe recipe = ReadGroupRecipe(properties);
-    recipe.transformation = tree.GetInnermostRecipe().transformation;
-    tree.SetAttributes(recipe);
-    ExpectGroupParts(openMarks.back().scope, properties, arguments);
 }
 
 } // namespace OrvPdf
