@@ -17,9 +17,8 @@ using PictureSourcePointer = std::shared_ptr<const OrvImg::PictureSource>;
 /// Whether the paired channels of two pictures show the same. Each pair holds positions in a pixel and decode
 /// ranges.
 ///
-/// - Samples of the same depth in as many channels, all of them paired with themselves under ranges that
-/// agree
-///   to within 2 to the power of -17, have to be the same.
+/// - Samples of the same depth in as many channels, all of them paired with themselves under ranges that are
+///   2 to the power of -17 apart at most, have to be the same.
 /// - Other samples are taken to numbers from 0 to 1 by their ranges. These may be half a step of the finer
 ///   depth and 1e-07 apart.
 /// - Under a weighting, all samples become numbers and are multiplied by those of their masks; the products

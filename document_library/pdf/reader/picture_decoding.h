@@ -36,8 +36,8 @@ DecodedStream UndoByteFilters(const SourceFile& file, const EncodedStream& encod
 
 /// Decodes into a buffer of that shape. Rows and channels that the data does not have are zero, those that it
 /// has in excess are left out, and either is told in `problem`; but JPEG 2000 data may have opacities that
-/// nobody asks for. Takes the bytes of the data themselves where
-/// they are the rows. Throws std::bad_alloc alone.
+/// nobody asks for. Takes the bytes of the data themselves where they are the rows. Throws `std::bad_alloc`
+/// alone.
 std::shared_ptr<const OrvImg::PictureBuffer> DecodePicture(const SourceFile& file,
                                                            const EncodedStream& encoded,
                                                            const PictureShape& shape, std::string& problem);

@@ -21,8 +21,8 @@ class SourceFile;
 /// all contents are written.
 ///
 /// What a font becomes depends on its source: one that is drawn by a font program alone is embedded as a
-/// composite font, and one of a file stays as
-/// that file has it. The same contents in the same order give the same objects.
+/// composite font, and one of a file stays as that file has it. The same contents in the same order give the
+/// same objects.
 class FontsWriter
 {
 public:
