@@ -57,7 +57,7 @@ build()
     local preset=$1 target=${2:-all} log
     log=build/$preset/build-output.txt
     mkdir -p "build/$preset"
-    say "Building $target ($preset); the compiler's output goes to $log"
+    say "Building $target ($preset), the first time for some minutes; the compiler's output goes to $log"
     if ! { cmake --preset "$preset" && cmake --build --preset "$preset" --target "$target"; } >"$log" 2>&1; then
         tail -n 60 "$log"
         say "The build failed; all of its output is in $log"
