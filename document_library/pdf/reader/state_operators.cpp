@@ -1,5 +1,4 @@
-#include <cmath>
-
+#include "pdf/matrix_numbers.h"
 #include "pdf/reader/interpreter.h"
 
 namespace OrvPdf
@@ -12,12 +11,6 @@ Matrix ToMatrix(const Arguments& arguments)
 {
     return Matrix(arguments[0].AsNumber(), arguments[1].AsNumber(), arguments[2].AsNumber(),
                   arguments[3].AsNumber(), arguments[4].AsMilliPoints(), arguments[5].AsMilliPoints());
-}
-
-bool IsFinite(const Matrix& matrix)
-{
-    return std::isfinite(matrix.a) && std::isfinite(matrix.b) && std::isfinite(matrix.c) &&
-           std::isfinite(matrix.d) && std::isfinite(matrix.x.value) && std::isfinite(matrix.y.value);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include <plexa/compound.h>
 
 #include "pdf/marked_content_tags.h"
+#include "pdf/matrix_numbers.h"
 #include "pdf/writer/path_operators.h"
 
 namespace OrvPdf

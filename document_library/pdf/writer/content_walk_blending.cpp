@@ -8,6 +8,7 @@
 
 #include "pdf/halftone_definition.h"
 #include "pdf/marked_content_tags.h"
+#include "pdf/matrix_numbers.h"
 #include "pdf/transfer_definition.h"
 
 namespace OrvPdf

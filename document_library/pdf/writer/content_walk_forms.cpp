@@ -9,6 +9,7 @@
 
 #include "pdf/form_outline.h"
 #include "pdf/marked_content_tags.h"
+#include "pdf/matrix_numbers.h"
 #include "pdf/reader/inherited_parameters.h"
 #include "pdf/reader/nested_source.h"
 #include "pdf/writer/path_operators.h"

@@ -6,6 +6,7 @@
 
 #include "orv_font/font_source.h"
 #include "pdf/form_outline.h"
+#include "pdf/matrix_numbers.h"
 #include "pdf/reader/glyph_source.h"
 #include "pdf/writer/path_operators.h"
 #include "pdf/writer/text_operators.h"

@@ -5,6 +5,8 @@
 #include <orv_sys/pdf_object.h>
 
 #include "pdf/marked_content_tags.h"
+#include "pdf/matrix_numbers.h"
+#include "pdf/writer/content_text.h"
 
 namespace OrvPdf
 {

@@ -6,6 +6,8 @@
 #include <plexa/compound.h>
 
 #include "pdf/marked_content_tags.h"
+#include "pdf/matrix_numbers.h"
+#include "pdf/writer/content_text.h"
 
 namespace OrvPdf
 {

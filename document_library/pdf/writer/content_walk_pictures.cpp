@@ -7,6 +7,7 @@
 #include <orv_paint/flat_paint.h>
 
 #include "pdf/marked_content_tags.h"
+#include "pdf/matrix_numbers.h"
 #include "pdf/writer/picture_problems.h"
 
 namespace OrvPdf

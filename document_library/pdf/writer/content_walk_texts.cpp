@@ -8,6 +8,8 @@
 
 #include "orv_font/font_source.h"
 #include "pdf/marked_content_tags.h"
+#include "pdf/matrix_numbers.h"
+#include "pdf/writer/content_text.h"
 #include "pdf/writer/text_operators.h"
 
 namespace OrvPdf

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "pdf/halftone_definition.h"
+#include "pdf/matrix_numbers.h"
 #include "pdf/number_text.h"
 #include "pdf/transfer_definition.h"
 #include "pdf/writer/nested_writer.h"

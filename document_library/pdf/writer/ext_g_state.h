@@ -12,7 +12,7 @@
 #include <orv_doc/halftone_set.h>
 #include <orv_doc/transfer_function_set.h>
 
-#include "pdf/writer/content_text.h"
+#include "pdf/matrix_numbers.h"
 
 namespace OrvPdf
 {

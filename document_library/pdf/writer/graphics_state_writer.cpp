@@ -5,7 +5,9 @@
 #include <cmath>
 
 #include "pdf/marked_content_tags.h"
+#include "pdf/matrix_numbers.h"
 #include "pdf/number_text.h"
+#include "pdf/writer/content_text.h"
 
 namespace OrvPdf
 {

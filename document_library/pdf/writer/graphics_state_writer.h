@@ -5,7 +5,7 @@
 
 #include <orv_doc/stroke_properties.h>
 
-#include "pdf/writer/content_text.h"
+#include "pdf/matrix_numbers.h"
 #include "pdf/writer/ext_g_state.h"
 #include "pdf/writer/paint_color.h"
 #include "pdf/writer/text_parameters.h"

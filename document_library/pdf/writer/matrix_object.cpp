@@ -1,5 +1,7 @@
 #include "pdf/writer/matrix_object.h"
 
+#include "pdf/writer/content_text.h"
+
 namespace OrvPdf
 {
 

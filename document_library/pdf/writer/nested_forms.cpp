@@ -11,6 +11,7 @@
 #include <orv_paint/form_paint.h>
 
 #include "pdf/marked_content_tags.h"
+#include "pdf/matrix_numbers.h"
 #include "pdf/reader/form_properties.h"
 #include "pdf/reader/nested_source.h"
 #include "pdf/writer/box_object.h"

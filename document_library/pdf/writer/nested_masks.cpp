@@ -10,6 +10,7 @@
 #include <orv_paint/function_definition.h>
 
 #include "pdf/marked_content_tags.h"
+#include "pdf/matrix_numbers.h"
 #include "pdf/number_text.h"
 #include "pdf/transfer_definition.h"
 #include "pdf/writer/matrix_object.h"

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "pdf/writer/content_text.h"
+#include "pdf/matrix_numbers.h"
 
 namespace OrvDoc
 {

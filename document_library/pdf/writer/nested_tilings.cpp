@@ -7,6 +7,7 @@
 #include <orv_paint/pattern_paint.h>
 
 #include "pdf/marked_content_tags.h"
+#include "pdf/matrix_numbers.h"
 #include "pdf/reader/nested_source.h"
 #include "pdf/writer/matrix_object.h"
 #include "pdf/writer/object_maker.h"

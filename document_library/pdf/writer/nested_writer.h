@@ -12,7 +12,7 @@
 #include <boost/filesystem/path.hpp>
 #include <qpdf/QPDFObjectHandle.hh>
 
-#include "pdf/writer/content_text.h"
+#include "pdf/matrix_numbers.h"
 #include "pdf/writer/kept_contents.h"
 #include "pdf/writer/nested_reference.h"
 #include "pdf/writer/writing_problems.h"

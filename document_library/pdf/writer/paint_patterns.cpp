@@ -3,7 +3,7 @@
 #include <orv_paint/flat_paint.h>
 #include <orv_paint/pattern_paint.h>
 
-#include "pdf/writer/content_text.h"
+#include "pdf/matrix_numbers.h"
 
 namespace OrvPdf
 {

@@ -6,6 +6,7 @@
 #include <plexa/compound.h>
 #include <plexa/subpath.h>
 
+#include "pdf/matrix_numbers.h"
 #include "pdf/writer/content_text.h"
 
 namespace OrvPdf

@@ -6,6 +6,7 @@
 #include <plexa/geometry.h>
 
 #include "pdf/marked_content_tags.h"
+#include "pdf/matrix_numbers.h"
 #include "pdf/number_text.h"
 #include "pdf/writer/content_text.h"
 

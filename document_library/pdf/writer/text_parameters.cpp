@@ -1,7 +1,7 @@
 #include "pdf/writer/text_parameters.h"
 
+#include "pdf/matrix_numbers.h"
 #include "pdf/number_text.h"
-#include "pdf/writer/content_text.h"
 
 namespace OrvPdf
 {
