@@ -2,7 +2,8 @@
 # - the target of a link, relative to the page;
 # - a name between backticks that ends like a source file, or begins with a folder of the repository. It stands for
 #   every file whose path ends with it, so that a table need not repeat the folder of its section; `*` stands for any
-#   part of a name.
+#   part of a name;
+# - such a name at the beginning of a line, as lists in fenced blocks have them.
 # Names with a place to fill in, such as `<name>_fuzzer.cpp`, and what a build makes are left alone.
 
 set(failures "")
@@ -30,6 +31,11 @@ set(sourceEnding "\\.(cpp|h|cmake|sh|md|svg)$")
 # Sets <result> to the names in a page that have to be there. A name is no part of a longer one.
 function(find_names text result)
     set(names "")
+    string(REGEX MATCHALL "\n[a-z0-9_/*]+\\.(cpp|h|\\*) " listed "${text}")
+    foreach(name IN LISTS listed)
+        string(STRIP "${name}" name)
+        list(APPEND names "${name}")
+    endforeach()
     string(REGEX REPLACE "\n```[^`]*\n```" "" text "${text}")
     string(REGEX MATCHALL "`[^`\n]+`" quoted "${text}")
     foreach(name IN LISTS quoted)
