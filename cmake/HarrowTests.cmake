@@ -1,5 +1,19 @@
-# CTest entries for GoogleTest programs: one for each suite, because a start of a program that is built with
-# sanitizers takes longer than most tests.
+# How tests are compiled, and CTest entries for GoogleTest programs: one for each suite, because a start of a program
+# that is built with sanitizers takes longer than most tests.
+
+# The code of the tests needs no speed, and compiling it is most of the build. Below the sanitizers it is not optimised,
+# nor are its pointers checked one by one for null, alignment and object size: the address sanitizer stops at null and
+# stray ones as well, and alignment is the libraries' affair. That halves the time: 3.5 s for a test file, not 7.1 s.
+# The libraries' own sources keep their full flags.
+function(harrow_test_compile_options target)
+    harrow_compile_options(${target})
+    if(HARROW_SANITIZE)
+        target_compile_options(${target} PRIVATE -O0)
+    endif()
+    if(HARROW_SANITIZE STREQUAL "address")
+        target_compile_options(${target} PRIVATE -fno-sanitize=null,alignment,object-size)
+    endif()
+endfunction()
 
 set(harrowListTestsScript "${CMAKE_CURRENT_LIST_DIR}/list_tests.cmake")
 

@@ -10,9 +10,7 @@
 #include <harrow_support/comparators.h>
 #include <harrow_support/round_trip.h>
 
-#include <orv_doc/content.h>
 #include <orv_doc/document.h>
-#include <orv_doc/page.h>
 #include <orv_doc/read_options.h>
 #include <orv_doc/write_options.h>
 
@@ -48,15 +46,6 @@ Exit code: 0 if what came back is equal, 1 if it differs, 2 if the file could no
 standard error then says why, and nothing is written to standard output.
 )";
 
-void MarkContentsChanged(OrvDoc::Document& document)
-{
-    for (OrvDoc::Content* const content : Examples::ListAllContents(document)) {
-        // A glyph that is changed is no glyph of the file's font any more.
-        if (!content->IsGlyph())
-            content->MarkChanged();
-    }
-}
-
 Examples::ExitCode MakeRoundTrip(const std::vector<std::string>& arguments, std::ostream& output)
 {
     const Examples::CommandLine commandLine =
@@ -68,7 +57,7 @@ Examples::ExitCode MakeRoundTrip(const std::vector<std::string>& arguments, std:
 
     auto document = OrvDoc::Document::Create(file, readOptions);
     if (commandLine.HasOption("--rewrite"))
-        MarkContentsChanged(*document);
+        Examples::MarkAllContentsChanged(*document);
     // Saving destroys the document and its errors with it, so the errors of writing are asked for before.
     document->Flush();
     const std::vector<Examples::PlacedError> errors = Examples::ListActiveErrors(*document);

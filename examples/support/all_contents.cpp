@@ -85,4 +85,13 @@ std::vector<OrvDoc::Content*> ListAllContents(OrvDoc::Document& document)
     return list.Complete();
 }
 
+void MarkAllContentsChanged(OrvDoc::Document& document)
+{
+    for (OrvDoc::Content* const content : ListAllContents(document)) {
+        // A glyph that is changed is no glyph of the file's font any more.
+        if (!content->IsGlyph())
+            content->MarkChanged();
+    }
+}
+
 } // namespace Examples

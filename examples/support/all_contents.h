@@ -16,4 +16,8 @@ namespace Examples
 /// costs no stack. The pointers are good as long as nobody changes what the objects have.
 std::vector<OrvDoc::Content*> ListAllContents(OrvDoc::Document& document);
 
+/// Marks all of them as changed, so that saving writes them anew from the model; glyphs of Type 3 fonts are
+/// left out, which would be no text any more.
+void MarkAllContentsChanged(OrvDoc::Document& document);
+
 } // namespace Examples

@@ -1,0 +1,57 @@
+#include "laws/equal_documents.h"
+
+#include "fuzz_target.h"
+
+#include <harrow_support/comparators.h>
+
+#include <string>
+#include <vector>
+
+namespace HarrowSupport::Fuzzing
+{
+
+namespace
+{
+
+constexpr std::size_t maximalShown = 5;
+
+class StrictReporter : public Comparators::Reporter
+{
+public:
+    void Report(Comparators::ReportKind, const std::string& label, const Comparators::LocationPath&,
+                const Comparators::LocationPath&, const std::string& text) override
+    {
+        if (label != "SoftMaskTransferFunction" && label != "UncoloredPatternPaintHasImage")
+            reports.push_back(label + ": " + text);
+    }
+
+    const std::vector<std::string>& GetReports() const { return reports; }
+
+private:
+    std::vector<std::string> reports;
+};
+
+Comparators::Options EveryOption()
+{
+    Comparators::Options options{};
+    options.compareImageData = true;
+    options.compareSeparationInfo = true;
+    options.softMaskAsChannel = true;
+    options.expandIndexedImages = true;
+    options.comparePatternContentReuse = true;
+    return options;
+}
+
+} // namespace
+
+void RequireEqual(const OrvDoc::Document& left, const OrvDoc::Document& right, const char* law)
+{
+    StrictReporter reporter;
+    Comparators::Compare(reporter, left, right, EveryOption());
+    const std::vector<std::string>& reports = reporter.GetReports();
+    for (std::size_t i = 0; i < reports.size() && i < maximalShown; ++i)
+        std::cerr << reports[i] << "\n";
+    Require(reports.empty(), law);
+}
+
+} // namespace HarrowSupport::Fuzzing
