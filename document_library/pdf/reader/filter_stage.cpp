@@ -9,6 +9,7 @@
 #include <qpdf/QPDF.hh>
 
 #include "pdf/reader/qpdf_text.h"
+#include "pdf/reader/run_length_data.h"
 
 namespace OrvPdf
 {
@@ -51,17 +52,38 @@ private:
     std::uint64_t left;
 };
 
+/// The parameters of other filters say nothing, whatever stands in them.
+bool HasPredictor(const FilterStage& stage)
+{
+    return stage.predictor > 1 && (stage.name == "FlateDecode" || stage.name == "LZWDecode");
+}
+
 bool IsReasonable(const FilterStage& stage)
 {
-    if (stage.predictor <= 1)
+    if (!HasPredictor(stage))
         return true;
+    // Data that no decoder is made for would come out as it stands in the file.
+    const bool isKnown = stage.predictor == 2 || (stage.predictor >= 10 && stage.predictor <= 15);
     const auto isBetween = [](long long value, long long largest) { return value >= 1 && value <= largest; };
-    if (!isBetween(stage.columns, LargestRow) || !isBetween(stage.colors, LargestRow) ||
+    if (!isKnown || !isBetween(stage.columns, LargestRow) || !isBetween(stage.colors, LargestRow) ||
         !isBetween(stage.bitsPerComponent, 32))
         return false;
     // Each factor is small enough for the product of all three to fit.
     return stage.columns * stage.colors <= LargestRow &&
            stage.columns * stage.colors * stage.bitsPerComponent / 8 <= LargestRow;
+}
+
+bool IsText(const FilterStage& stage)
+{
+    return stage.name == "ASCIIHexDecode" || stage.name == "ASCII85Decode";
+}
+
+/// A zero is white space (ISO 32000-1, 7.2.2), but none that the decoders of text know.
+std::string WithBlanksForZeros(std::string_view encoded)
+{
+    std::string text(encoded);
+    std::replace(text.begin(), text.end(), '\0', ' ');
+    return text;
 }
 
 QPDFObjectHandle MakeParameters(const FilterStage& stage)
@@ -71,8 +93,8 @@ QPDFObjectHandle MakeParameters(const FilterStage& stage)
         parameters.replaceKey(key, QPDFObjectHandle::newInteger(value));
     };
     if (stage.name == "LZWDecode")
-        set("/EarlyChange", stage.earlyChange);
-    if (stage.predictor > 1) {
+        set("/EarlyChange", stage.earlyChange == 0 ? 0 : 1);
+    if (HasPredictor(stage)) {
         set("/Predictor", stage.predictor);
         set("/Columns", stage.columns);
         set("/Colors", stage.colors);
@@ -92,10 +114,18 @@ DecodingResult ApplyFilter(const FilterStage& stage, std::string_view encoded, s
 {
     DecodingResult result;
     if (!IsReasonable(stage)) {
-        result.problem = "the parameters of " + stage.name + " are out of range: Columns " +
-                         std::to_string(stage.columns) + ", Colors " + std::to_string(stage.colors) +
-                         ", BitsPerComponent " + std::to_string(stage.bitsPerComponent);
+        result.problem = "the parameters of " + stage.name + " are out of range: Predictor " +
+                         std::to_string(stage.predictor) + ", Columns " + std::to_string(stage.columns) +
+                         ", Colors " + std::to_string(stage.colors) + ", BitsPerComponent " +
+                         std::to_string(stage.bitsPerComponent);
         return result;
+    }
+    if (stage.name == "RunLengthDecode")
+        return DecodeRunLengths(encoded, byteLimit);
+    std::string text;
+    if (IsText(stage) && encoded.find('\0') != std::string_view::npos) {
+        text = WithBlanksForZeros(encoded);
+        encoded = text;
     }
     // The decoders are at hand only through a stream with a filter. It lives in a file of its own, since
     // nothing may be added to the one that is read.
@@ -107,7 +137,7 @@ DecodingResult ApplyFilter(const FilterStage& stage, std::string_view encoded, s
         QPDFObjectHandle stream = workshop.newStream();
         auto buffer = std::make_shared<Buffer>(
             reinterpret_cast<unsigned char*>(const_cast<char*>(encoded.data())), encoded.size());
-        const bool hasParameters = stage.predictor > 1 || stage.name == "LZWDecode";
+        const bool hasParameters = HasPredictor(stage) || stage.name == "LZWDecode";
         stream.replaceStreamData(buffer, QPDFObjectHandle::newName("/" + stage.name),
                                  hasParameters ? MakeParameters(stage) : QPDFObjectHandle::newNull());
         bool isFiltered = false;

@@ -89,6 +89,53 @@ TEST(StreamData, RefusesAPredictorWithUnreasonableRows)
     }
 }
 
+TEST(StreamData, RefusesAPredictorThatIsNone)
+{
+    // Also where the limit is reached before the end of the encoded bytes.
+    for (const char* predictor : {"3", "9", "16", "185"}) {
+        const std::string entries =
+            std::string("/Filter /FlateDecode /DecodeParms << /Predictor ") + predictor + " >>";
+        for (const std::uint64_t limit : {2, 1000}) {
+            const Result result(Deflated("abc"), entries, limit);
+            EXPECT_EQ(result.bytes, "") << predictor;
+            EXPECT_THAT(result.problem, HasSubstr(std::string("Predictor ") + predictor));
+        }
+    }
+}
+
+TEST(StreamData, HasNoPredictorUnderFiltersThatKnowNone)
+{
+    for (const char* predictor : {"7", "12"}) {
+        const Result result("4142>", std::string("/Filter /ASCIIHexDecode /DecodeParms << /Predictor ") +
+                                         predictor + " /Columns 0 >>");
+        EXPECT_EQ(result.bytes, "AB") << predictor;
+        EXPECT_EQ(result.problem, "") << predictor;
+    }
+}
+
+TEST(StreamData, TakesZerosForWhiteSpaceInText)
+{
+    const Result hexadecimal(std::string("41\0"
+                                         "42>",
+                                         6),
+                             "/Filter /ASCIIHexDecode");
+    EXPECT_EQ(hexadecimal.bytes, "AB");
+    EXPECT_EQ(hexadecimal.problem, "");
+    const Result base85(std::string("87cU\0RD]i~>", 11), "/Filter /ASCII85Decode");
+    EXPECT_EQ(base85.bytes, "Hello ");
+    EXPECT_EQ(base85.problem, "");
+}
+
+TEST(StreamData, TakesAnyEarlyChangeButZeroForOne)
+{
+    const std::string encoded = "\x80\x0b\x60\x50\x22\x0c\x0c\x85\x01";
+    const Result usual(encoded, "/Filter /LZWDecode");
+    const Result odd(encoded, "/Filter /LZWDecode /DecodeParms << /EarlyChange 7 >>");
+    EXPECT_EQ(usual.bytes, "-----A---B");
+    EXPECT_EQ(odd.bytes, usual.bytes);
+    EXPECT_EQ(odd.problem, "");
+}
+
 TEST(StreamData, TellsALimitByNameAndCutsOff)
 {
     const Result result(Deflated("0123456789"), "/Filter /FlateDecode", 9);
