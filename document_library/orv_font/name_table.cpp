@@ -1,8 +1,10 @@
 #include "orv_font/name_table.h"
 
 #include <string>
+#include <string_view>
 
 #include "orv_font/font_names.h"
+#include "orv_sys/utf8.h"
 
 #include FT_SFNT_NAMES_H
 #include FT_TRUETYPE_IDS_H
@@ -109,9 +111,22 @@ std::string FindName(FT_Face face, int nameId)
     return found;
 }
 
+/// As UTF-8. The bytes of a program's own strings may be of any encoding; those that are no UTF-8 are most
+/// likely of Latin letters.
 std::string TextOrEmpty(const char* text)
 {
-    return text ? text : "";
+    const std::string bytes = text ? text : "";
+    std::string latin;
+    bool isUtf8 = true;
+    for (std::size_t index = 0; index < bytes.size();) {
+        const std::size_t length =
+            OrvSys::Detail::ReadUTF8Character(std::string_view(bytes).substr(index)).length;
+        isUtf8 = isUtf8 && length != 0;
+        index += isUtf8 ? length : 1;
+    }
+    for (const char byte : bytes)
+        AppendUtf8(latin, static_cast<unsigned char>(byte));
+    return isUtf8 ? bytes : latin;
 }
 
 } // namespace

@@ -127,6 +127,15 @@ TEST(FontProgram, OfCompactFormatTakesItsNameFromItsIndex)
     EXPECT_EQ(NamesOf(MakeCompactFont(MakeSampleCompactFont())), "MadeCompact-Bold|MadeCompact|Bold");
 }
 
+TEST(FontProgram, HasNamesInUtf8WhateverItsBytes)
+{
+    MadeType1Font font = MakeSampleType1();
+    font.familyName = "Caf\xE9";
+    EXPECT_EQ(NamesOf(MakeType1(font)), "MadeType-Bold|Caf\xC3\xA9|Bold");
+    font.familyName = "Caf\xC3\xA9";
+    EXPECT_EQ(NamesOf(MakeType1(font)), "MadeType-Bold|Caf\xC3\xA9|Bold");
+}
+
 TEST(FontProgram, LosesTheTagOfASubset)
 {
     MadeType1Font font = MakeSampleType1();
