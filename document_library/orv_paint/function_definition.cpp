@@ -7,6 +7,8 @@
 #include "orv_paint/definition_numbers.h"
 #include "orv_paint/joined_function.h"
 
+#include <algorithm>
+#include <limits>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -35,9 +37,11 @@ std::vector<OrvColor::Component> ComponentsAt(const PdfObject& definition, const
 {
     if (definition.Find(key).IsNull())
         return {byDefault};
+    // A number that no float can hold is the largest one, so that it can be written again.
+    constexpr double largest = std::numeric_limits<float>::max();
     std::vector<OrvColor::Component> components;
     for (const double number : Detail::NumbersAt(definition, key))
-        components.push_back(static_cast<float>(number));
+        components.push_back(static_cast<float>(std::clamp(number, -largest, largest)));
     return components;
 }
 

@@ -51,6 +51,18 @@ std::string Problem(const PdfObject& definition)
     return "none";
 }
 
+TEST(MakeFunctionTest, ExponentialHasTheLargestComponentForALargerOne)
+{
+    const auto array = [](const std::string& number) { return PdfObject::Array({PdfObject::Real(number)}); };
+    const std::string digits = "1" + std::string(45, '0') + ".0";
+    const auto function = MakeFunction(Exponential({{"C0", array("-" + digits)}, {"C1", array(digits)}}));
+    const auto& exponential = static_cast<const ExponentialFunction&>(*function);
+    constexpr float largest = std::numeric_limits<float>::max();
+    EXPECT_THAT(exponential.GetC0(), ElementsAre(-largest));
+    EXPECT_THAT(exponential.GetC1(), ElementsAre(largest));
+    EXPECT_EQ(*MakeFunction(GetFunctionDefinition(*function)), *function);
+}
+
 TEST(MakeFunctionTest, ExponentialHasItsDefaults)
 {
     const auto function = MakeFunction(Exponential());
