@@ -22,9 +22,8 @@ struct SeedMaker
 };
 
 const SeedMaker makers[] = {
-    {"content", MakeContentSeeds},
-    {"file", MakeFileSeeds},
-    {"layers", MakeLayersSeeds},
+    {"content", MakeContentSeeds}, {"file", MakeFileSeeds},         {"filters", MakeFiltersSeeds},
+    {"font", MakeFontSeeds},       {"function", MakeFunctionSeeds}, {"layers", MakeLayersSeeds},
 };
 
 } // namespace

@@ -1,0 +1,215 @@
+// Any bytes as a function of a shading or of a colour space. The input is a line of input values, and the
+// object in PDF syntax behind it, in which a string under `Stream` makes a stream of a dictionary:
+//
+//     0.5 0.25
+//     << /FunctionType 4 /Domain [0 1 0 1] /Range [0 1] /Stream ({ mul }) >>
+//
+// Laws:
+// - an object is a value or refused with a reason, and so is a function;
+// - the definition of a function gives an equal one, is its own definition, and comes back from a file;
+// - a function has a text of one line, no more depth than the largest, and equals itself alone;
+// - its value has as many numbers as it has outputs, all finite and within its range, and zero where it
+//   contributes nothing; the definition has the same value;
+// - a sampled function goes no further than its decode array;
+// - a calculator does the same inside a condition that is always or never true.
+
+#include "fuzz_target.h"
+#include "library_support/small_file.h"
+#include "library_support/written_object.h"
+
+#include <orv_paint/function.h>
+#include <orv_paint/function_definition.h>
+#include <orv_sys/pdf_object.h>
+
+#include "orv_color/calculator.h"
+#include "orv_color/calculator_program.h"
+#include "orv_color/function_numbers.h"
+#include "orv_color/tint_transform.h"
+#include "pdf/reader/object_conversion.h"
+#include "pdf/writer/object_maker.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace HarrowSupport::Fuzzing
+{
+
+namespace
+{
+
+using OrvPaint::Function;
+using OrvSys::PdfObject;
+using FunctionPointer = std::shared_ptr<const Function>;
+using Numbers = std::vector<double>;
+using Pairs = std::vector<std::array<double, 2>>;
+
+Numbers ReadInputs(const std::string& line)
+{
+    constexpr std::size_t mostInputs = 12;
+    Numbers inputs;
+    std::istringstream words(line);
+    for (double number = 0.0; inputs.size() < mostInputs && words >> number;)
+        inputs.push_back(number);
+    return inputs;
+}
+
+PdfObject Convert(QPDFObjectHandle object)
+{
+    const OrvPdf::SourceFile& file = *GetSmallFile();
+    const OrvPdf::SourceFile::Access access(file);
+    std::string problem;
+    const PdfObject converted = OrvPdf::ObjectConverter(file).Convert(object, problem);
+    Require(problem.empty() || converted.IsNull(), "what has a problem has no value");
+    // They would be told with the document.
+    file.TakeWarnings();
+    return converted;
+}
+
+/// Null where the definition is refused.
+FunctionPointer MakeFunction(const PdfObject& definition)
+{
+    try {
+        return OrvPaint::MakeFunctionOfShading(definition);
+    } catch (const std::invalid_argument& error) {
+        Require(error.what()[0] != '\0', "a function is refused with a reason");
+    } catch (const std::length_error& error) {
+        Require(error.what()[0] != '\0', "a function is too deep with a reason");
+    }
+    return nullptr;
+}
+
+void RequireText(const Function& function)
+{
+    std::ostringstream text;
+    text << function;
+    Require(!text.str().empty(), "a function has a text");
+    Require(text.str().find('\n') == std::string::npos, "the text of a function is one line");
+}
+
+PdfObject ThroughFile(const PdfObject& definition)
+{
+    const auto file = MakeEmptyFile();
+    OrvPdf::ObjectMaker maker(*file, false);
+    return Convert(maker.MakeShared(definition));
+}
+
+PdfObject RequireDefinition(const Function& function)
+{
+    const PdfObject definition = OrvPaint::GetFunctionDefinition(function);
+    const FunctionPointer again = MakeFunction(definition);
+    Require(again != nullptr, "the definition of a function is one");
+    Require(*again == function && function == *again, "the definition of a function gives an equal one");
+    Require(OrvPaint::GetFunctionDefinition(*again) == definition, "a definition is its own definition");
+    const PdfObject back = ThroughFile(definition);
+    Require(back == definition, "a definition comes back from a file");
+    const FunctionPointer read = MakeFunction(back);
+    Require(read && *read == function, "a function comes back from a file");
+    return definition;
+}
+
+void RequireWithin(double value, const std::array<double, 2>& range, const char* law)
+{
+    // Of a range that is turned round either end will do.
+    const bool isTurned = range[1] < range[0];
+    Require(isTurned || (value >= range[0] && value <= range[1]), law);
+}
+
+/// Numbers that are rounded on the way may be so far outside.
+double GetSlack(const std::array<double, 2>& range)
+{
+    return 1e-9 * (std::fabs(range[0]) + std::fabs(range[1]));
+}
+
+void RequireDecoded(const PdfObject& definition, const Numbers& values)
+{
+    const auto decode = OrvColor::Detail::ReadPairs(definition.Find("Decode"));
+    const auto range = OrvColor::Detail::ReadPairs(definition.Find("Range"));
+    if (!decode || !range || decode->size() != values.size() || range->size() != values.size())
+        return;
+    for (std::size_t output = 0; output < values.size(); ++output) {
+        // What the range cuts off may leave the decode array.
+        if (values[output] == (*range)[output][0] || values[output] == (*range)[output][1])
+            continue;
+        const auto [low, high] = std::minmax((*decode)[output][0], (*decode)[output][1]);
+        const double slack = GetSlack({low, high});
+        RequireWithin(values[output], {low - slack, high + slack}, "samples keep to the decode array");
+    }
+}
+
+void RequireValue(const Function& function, const PdfObject& definition, const Numbers& inputs)
+{
+    const auto values = OrvColor::Detail::EvaluateFunction(definition, inputs);
+    if (!values)
+        return;
+    Require(inputs.size() == function.GetDomain().size(), "a function has as many inputs as its domain");
+    Require(values->size() == function.GetRange().size(), "a function has as many outputs as its range");
+    for (std::size_t output = 0; output < values->size(); ++output) {
+        const double value = (*values)[output];
+        Require(std::isfinite(value), "a value is finite");
+        RequireWithin(value, function.GetRange()[output], "a value is within the range");
+        Require(!function.IsZero(output) || value == 0.0, "what contributes nothing is zero");
+    }
+    if (definition.Find("FunctionType") == PdfObject::Integer(0))
+        RequireDecoded(definition, *values);
+}
+
+void RequireConditions(const std::string& program, const Numbers& inputs)
+{
+    const auto plain = OrvColor::Detail::RunCalculator(program, inputs);
+    if (!plain)
+        return;
+    Require(std::all_of(plain->begin(), plain->end(), [](double value) { return std::isfinite(value); }),
+            "a calculator leaves finite numbers");
+    // One level more may be one too many, and one value more on the stack as well.
+    const std::string taken = "{ true " + program + "\nif }";
+    const std::string other = "{ false { pop } " + program + "\nifelse }";
+    constexpr std::size_t mostInputs = 90;
+    if (!OrvColor::Detail::CompileCalculator(taken) || !OrvColor::Detail::CompileCalculator(other) ||
+        inputs.size() > mostInputs)
+        return;
+    Require(OrvColor::Detail::RunCalculator(taken, inputs) == plain, "a true condition changes nothing");
+    Require(OrvColor::Detail::RunCalculator(other, inputs) == plain, "a false condition changes nothing");
+}
+
+void RequireFunction(const PdfObject& object, const Numbers& inputs)
+{
+    // Also of what is no function.
+    const auto values = OrvColor::Detail::EvaluateFunction(object, inputs);
+    const FunctionPointer function = MakeFunction(object);
+    if (object.IsStream() && object.Find("FunctionType") == PdfObject::Integer(4))
+        RequireConditions(object.GetRawBytes(), inputs);
+    if (!function)
+        return;
+    Require(function->GetDepth() <= Function::MaxDepth, "a function is not too deep");
+    Require(*function == *function, "a function equals itself");
+    RequireText(*function);
+    const PdfObject definition = RequireDefinition(*function);
+    RequireValue(*function, definition, inputs);
+    // An array of a single function is that function.
+    if (function->GetType() == Function::Type::Whole && !object.IsArray())
+        Require(OrvColor::Detail::EvaluateFunction(definition, inputs) == values,
+                "a function that is kept whole keeps its value");
+}
+
+} // namespace
+
+} // namespace HarrowSupport::Fuzzing
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    using namespace HarrowSupport::Fuzzing;
+
+    const std::string input(data, data + size);
+    const std::size_t end = std::min(input.find('\n'), input.size());
+    const WrittenObject written(input.substr(std::min(end + 1, input.size())), {});
+    RequireFunction(Convert(written.Get()), ReadInputs(input.substr(0, end)));
+    return 0;
+}
