@@ -189,15 +189,21 @@ private:
         }
     }
 
-    void Compare(Operator operation)
+    void CompareForEquality(Operator operation)
     {
-        const double right = Pop().number;
-        const double left = Pop().number;
+        const Value right = Pop();
+        const Value left = Pop();
+        const bool areBooleans = left.kind == Value::Kind::Boolean;
+        const bool areEqual =
+            areBooleans == (right.kind == Value::Kind::Boolean) && left.number == right.number;
+        PushBoolean(areEqual == (operation == Operator::Eq));
+    }
+
+    void CompareByOrder(Operator operation)
+    {
+        const double right = PopNumber().number;
+        const double left = PopNumber().number;
         switch (operation) {
-        case Operator::Eq:
-            return PushBoolean(left == right);
-        case Operator::Ne:
-            return PushBoolean(left != right);
         case Operator::Ge:
             return PushBoolean(left >= right);
         case Operator::Gt:
@@ -232,11 +238,13 @@ private:
             return true;
         case Operator::Eq:
         case Operator::Ne:
+            CompareForEquality(operation);
+            return true;
         case Operator::Ge:
         case Operator::Gt:
         case Operator::Le:
         case Operator::Lt:
-            Compare(operation);
+            CompareByOrder(operation);
             return true;
         case Operator::And:
         case Operator::Or:

@@ -89,6 +89,15 @@ constexpr Sample Samples[] = {
 
 INSTANTIATE_TEST_SUITE_P(Operators, CalculatorOperatorTest, testing::ValuesIn(Samples));
 
+TEST(CalculatorTest, TellsTruthFromNumbers)
+{
+    EXPECT_THAT(RunProgram("{true 1 eq {1} {0} ifelse}"), ElementsAre(0));
+    EXPECT_THAT(RunProgram("{0 false ne {1} {0} ifelse}"), ElementsAre(1));
+    EXPECT_THAT(RunProgram("{true true eq {1} {0} ifelse}"), ElementsAre(1));
+    for (const char* order : {"lt", "le", "gt", "ge"})
+        EXPECT_FALSE(RunCalculator(std::string("{true 1 ") + order + "}", {})) << order;
+}
+
 TEST(CalculatorTest, MovesTheStack)
 {
     EXPECT_THAT(RunProgram("{1 2 exch}"), ElementsAre(2, 1));
