@@ -10,6 +10,7 @@
 // - a lower limit gives a beginning of what a higher one gives;
 // - sound data is decoded as by the plain decoder, without a problem; flate data as by zlib;
 // - less data gives a beginning of what all of it gives, but for the row or group that is cut;
+// - a chain gives what its filters give one after the other;
 // - any bytes come back from what an encoder makes of them, without a problem;
 // - what a function or profile is decoded to is what a stream is decoded to.
 
@@ -247,6 +248,32 @@ void RequireRoundTrip(const FilterStage& stage, std::string_view plain)
     Require(decoded.bytes.View() == plain, "bytes come back from what an encoder makes of them");
 }
 
+/// What is expected saves attempts and decides nothing.
+void RequireExpectation(std::string_view data)
+{
+    const DecodingResult decoded = OrvPdf::Inflate(data, byteLimit);
+    for (const std::uint64_t expected : {std::uint64_t{1}, lowLimit, 2 * byteLimit}) {
+        const DecodingResult again = OrvPdf::Inflate(data, byteLimit, expected);
+        Require(again.bytes.View() == decoded.bytes.View() && again.problem == decoded.problem &&
+                    again.reachedLimit == decoded.reachedLimit,
+                "it does not matter how many bytes are expected");
+    }
+}
+
+/// What one filter after the other gives; nothing from the first on that gives no bytes.
+std::string DecodeEach(const OrvPdf::EncodedStream& encoded)
+{
+    std::string bytes(encoded.View());
+    for (const FilterStage& stage : encoded.stages) {
+        if (stage.name == "Crypt")
+            continue;
+        if (!OrvPdf::CanDecode(stage))
+            return {};
+        bytes = Decode(stage, bytes, byteLimit).bytes.View();
+    }
+    return bytes.substr(0, byteLimit);
+}
+
 void RequireChain(const OrvPdf::EncodedStream& encoded)
 {
     const OrvPdf::SourceFile& file = *GetSmallFile();
@@ -260,6 +287,8 @@ void RequireChain(const OrvPdf::EncodedStream& encoded)
             "no filter of a chain gives more bytes than the limit");
     Require(decoded.isDecoded || !decoded.problem.empty(), "what is not decoded is told");
     Require(decoded.isDecoded || decoded.bytes.GetSize() == 0, "nothing comes of what is not decoded");
+    Require(!encoded.raw || decoded.bytes.View() == DecodeEach(encoded),
+            "a chain gives what its filters give one after the other");
 }
 
 /// The small decoder of functions and profiles knows no filter but flate.
@@ -321,7 +350,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const OrvPdf::FilterStage& first = encoded.stages[0];
     RequireStage(first, rest);
     RequireRoundTrip(first, rest);
-    if (first.name == "FlateDecode")
+    if (first.name == "FlateDecode") {
         RequireSmallStream(rest);
+        RequireExpectation(rest);
+    }
     return 0;
 }

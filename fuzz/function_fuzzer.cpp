@@ -10,10 +10,13 @@
 // - a function has a text of one line, no more depth than the largest, and equals itself alone;
 // - its value has as many numbers as it has outputs, all finite and within its range, and zero where it
 //   contributes nothing; the definition has the same value;
-// - a sampled function goes no further than its decode array;
-// - a calculator does the same inside a condition that is always or never true.
+// - a sampled function has the value that a plain one has that goes through its inputs one by one;
+// - a calculator gives what a plain one gives that runs it word by word, and does the same inside a condition
+//   that is always or never true.
 
 #include "fuzz_target.h"
+#include "library_support/plain_calculator.h"
+#include "library_support/plain_samples.h"
 #include "library_support/small_file.h"
 #include "library_support/written_object.h"
 
@@ -122,25 +125,20 @@ void RequireWithin(double value, const std::array<double, 2>& range, const char*
     Require(isTurned || (value >= range[0] && value <= range[1]), law);
 }
 
-/// Numbers that are rounded on the way may be so far outside.
-double GetSlack(const std::array<double, 2>& range)
+/// With the range of the definition. Rounding may differ.
+void RequireSamples(const PdfObject& definition, const Numbers& inputs, const Numbers& values)
 {
-    return 1e-9 * (std::fabs(range[0]) + std::fabs(range[1]));
-}
-
-void RequireDecoded(const PdfObject& definition, const Numbers& values)
-{
-    const auto decode = OrvColor::Detail::ReadPairs(definition.Find("Decode"));
     const auto range = OrvColor::Detail::ReadPairs(definition.Find("Range"));
-    if (!decode || !range || decode->size() != values.size() || range->size() != values.size())
+    const auto decode = OrvColor::Detail::ReadPairs(definition.Find("Decode")).value_or(*range);
+    if (!definition.Find("Filter").IsNull())
         return;
+    const Numbers plain = InterpolatePlainly(definition, definition.GetRawBytes(), inputs);
+    Require(plain.size() == values.size(), "samples have as many outputs as those of the plain reader");
     for (std::size_t output = 0; output < values.size(); ++output) {
-        // What the range cuts off may leave the decode array.
-        if (values[output] == (*range)[output][0] || values[output] == (*range)[output][1])
-            continue;
-        const auto [low, high] = std::minmax((*decode)[output][0], (*decode)[output][1]);
-        const double slack = GetSlack({low, high});
-        RequireWithin(values[output], {low - slack, high + slack}, "samples keep to the decode array");
+        const auto& limits = decode[output];
+        const double slack = 1e-9 * (std::fabs(limits[0]) + std::fabs(limits[1]));
+        const double expected = OrvColor::Detail::ClampTo(plain[output], (*range)[output]);
+        Require(!(std::fabs(values[output] - expected) > slack), "samples are those of the plain reader");
     }
 }
 
@@ -158,14 +156,19 @@ void RequireValue(const Function& function, const PdfObject& definition, const N
         Require(!function.IsZero(output) || value == 0.0, "what contributes nothing is zero");
     }
     if (definition.Find("FunctionType") == PdfObject::Integer(0))
-        RequireDecoded(definition, *values);
+        RequireSamples(definition, inputs, *values);
 }
 
-void RequireConditions(const std::string& program, const Numbers& inputs)
+void RequireCalculator(const std::string& program, const Numbers& inputs)
 {
     const auto plain = OrvColor::Detail::RunCalculator(program, inputs);
+    // Of the levels that the library knows the outermost one is none.
+    constexpr std::size_t mostLevels = 32;
+    const auto second = RunPlainly(program, inputs, mostLevels);
+    Require(plain.has_value() == second.has_value(), "a calculator runs where the plain one does");
     if (!plain)
         return;
+    Require(*plain == *second, "a calculator gives what the plain one gives");
     Require(std::all_of(plain->begin(), plain->end(), [](double value) { return std::isfinite(value); }),
             "a calculator leaves finite numbers");
     // One level more may be one too many, and one value more on the stack as well.
@@ -185,7 +188,7 @@ void RequireFunction(const PdfObject& object, const Numbers& inputs)
     const auto values = OrvColor::Detail::EvaluateFunction(object, inputs);
     const FunctionPointer function = MakeFunction(object);
     if (object.IsStream() && object.Find("FunctionType") == PdfObject::Integer(4))
-        RequireConditions(object.GetRawBytes(), inputs);
+        RequireCalculator(object.GetRawBytes(), inputs);
     if (!function)
         return;
     Require(function->GetDepth() <= Function::MaxDepth, "a function is not too deep");
