@@ -22,6 +22,7 @@ struct SeedMaker
 };
 
 const SeedMaker makers[] = {
+    {"cmap", MakeCMapSeeds},
     {"content", MakeContentSeeds}, {"file", MakeFileSeeds},         {"filters", MakeFiltersSeeds},
     {"font", MakeFontSeeds},       {"function", MakeFunctionSeeds}, {"layers", MakeLayersSeeds},
 };

@@ -6,6 +6,9 @@
 namespace HarrowSupport::Fuzzing
 {
 
+/// CMap files whose codes are of all lengths.
+void MakeCMapSeeds(const SeedFolder& folder);
+
 /// Content streams of random documents, and streams of random operators.
 void MakeContentSeeds(const SeedFolder& folder);
 
