@@ -21,6 +21,7 @@
 #include "orv_sys/stream_bytes.h"
 #include "pdf/reader/filter_stage.h"
 #include "pdf/reader/flate_data.h"
+#include "pdf/reader/predictor.h"
 #include "pdf/reader/stream_data.h"
 #include "pdf/writer/flate_compressor.h"
 
@@ -83,11 +84,6 @@ std::vector<FilterStage> ReadStages(const std::string& line)
     return stages;
 }
 
-bool HasPredictor(const FilterStage& stage)
-{
-    return stage.predictor > 1 && (stage.name == "FlateDecode" || stage.name == "LZWDecode");
-}
-
 /// Whether the parameters are those that ISO 32000-1, 7.4.4.4 allows, and rows are small.
 bool IsKnownPredictor(const FilterStage& stage)
 {
@@ -97,12 +93,6 @@ bool IsKnownPredictor(const FilterStage& stage)
     constexpr long long mostPixels = 1000;
     return isKind && isDepth && stage.colors >= 1 && stage.colors <= 32 && stage.columns >= 1 &&
            stage.columns <= mostPixels;
-}
-
-DecodingResult Decode(const FilterStage& stage, std::string_view data, std::uint64_t limit)
-{
-    return stage.name == "FlateDecode" && !HasPredictor(stage) ? OrvPdf::Inflate(data, limit)
-                                                               : OrvPdf::ApplyFilter(stage, data, limit);
 }
 
 /// As far as zlib goes, byte by byte; whether it comes to the end is whether the data is sound.
@@ -143,7 +133,7 @@ std::optional<PlainData> DecodePlainly(const FilterStage& stage, std::string_vie
         plain = DecodeLzw(data, stage.earlyChange == 1);
     else
         return std::nullopt;
-    if (!HasPredictor(stage))
+    if (!OrvPdf::HasPredictor(stage))
         return plain;
     if (!IsKnownPredictor(stage))
         return std::nullopt;
@@ -155,7 +145,7 @@ std::optional<PlainData> DecodePlainly(const FilterStage& stage, std::string_vie
 /// What may be other bytes, or more of them, where data is cut.
 std::size_t CountCutBytes(const FilterStage& stage)
 {
-    return HasPredictor(stage) ? GetRowBytes(stage) : 4;
+    return OrvPdf::HasPredictor(stage) ? GetRowBytes(stage) : 4;
 }
 
 bool BeginsWith(std::string_view bytes, std::string_view beginning)
@@ -168,7 +158,7 @@ void RequireLimit(const FilterStage& stage, std::string_view data, const Decodin
     Require(decoded.bytes.GetSize() <= byteLimit, "no filter gives more bytes than the limit");
     Require(!decoded.reachedLimit || decoded.bytes.GetSize() == byteLimit,
             "what reaches the limit goes up to it");
-    const DecodingResult part = Decode(stage, data, lowLimit);
+    const DecodingResult part = OrvPdf::ApplyFilter(stage, data, lowLimit);
     Require(part.bytes.GetSize() <= lowLimit, "no filter gives more bytes than a low limit");
     Require(BeginsWith(decoded.bytes.View(), part.bytes.View()), "a lower limit gives a beginning");
     // Damage that stands right at the limit may not be seen from before it.
@@ -186,14 +176,14 @@ void RequirePlainBytes(const FilterStage& stage, std::string_view data, const De
     if (plain->isSound) {
         Require(decoded.problem.empty(), "sound data has no problem");
         Require(bytes == plain->bytes, "sound data is decoded as by the plain decoder");
-    } else if (stage.name == "FlateDecode" && !HasPredictor(stage)) {
+    } else if (stage.name == "FlateDecode" && !OrvPdf::HasPredictor(stage)) {
         Require(BeginsWith(bytes, plain->bytes), "no less comes out of damaged data than zlib gives");
     }
 }
 
 void RequireCutData(const FilterStage& stage, std::string_view data, const DecodingResult& decoded)
 {
-    const DecodingResult part = Decode(stage, data.substr(0, data.size() / 2), byteLimit);
+    const DecodingResult part = OrvPdf::ApplyFilter(stage, data.substr(0, data.size() / 2), byteLimit);
     const std::size_t common = std::min(part.bytes.GetSize(), decoded.bytes.GetSize());
     const std::size_t sound = common - std::min(common, CountCutBytes(stage));
     Require(BeginsWith(decoded.bytes.View(), part.bytes.View().substr(0, sound)),
@@ -202,13 +192,16 @@ void RequireCutData(const FilterStage& stage, std::string_view data, const Decod
 
 void RequireStage(const FilterStage& stage, std::string_view data)
 {
-    const DecodingResult decoded = Decode(stage, data, byteLimit);
+    const DecodingResult decoded = OrvPdf::ApplyFilter(stage, data, byteLimit);
     const bool isOutOfRange =
-        HasPredictor(stage) && decoded.problem.find("out of range") != std::string::npos;
+        OrvPdf::HasPredictor(stage) && decoded.problem.find("out of range") != std::string::npos;
     if (isOutOfRange) {
         Require(decoded.bytes.GetSize() == 0, "nothing comes of parameters that are out of range");
         return;
     }
+    Require(stage.name != "FlateDecode" || !decoded.problem.empty() || decoded.reachedLimit ||
+                OrvPdf::Inflate(data, 2 * byteLimit).problem.empty(),
+            "damage is told whatever the predictor");
     RequireLimit(stage, data, decoded);
     RequirePlainBytes(stage, data, decoded);
     RequireCutData(stage, data, decoded);
@@ -222,9 +215,9 @@ std::string Encode(const FilterStage& stage, std::string_view plain)
         return EncodeBase85(plain);
     if (stage.name == "RunLengthDecode")
         return EncodeRunLengths(plain);
-    const std::string rows = HasPredictor(stage) ? ApplyPredictor(plain, stage) : std::string(plain);
+    const std::string rows = OrvPdf::HasPredictor(stage) ? ApplyPredictor(plain, stage) : std::string(plain);
     if (stage.name == "FlateDecode")
-        return HasPredictor(stage) ? EncodeFlate(rows) : OrvPdf::FlateCompressor().Compress(rows);
+        return OrvPdf::HasPredictor(stage) ? EncodeFlate(rows) : OrvPdf::FlateCompressor().Compress(rows);
     // Long and short tables.
     const std::size_t clearInterval = plain.size() % 2 == 0 ? 10000 : plain.size() % 300 + 1;
     return EncodeLzw(rows, stage.earlyChange == 1, clearInterval);
@@ -232,18 +225,13 @@ std::string Encode(const FilterStage& stage, std::string_view plain)
 
 void RequireRoundTrip(const FilterStage& stage, std::string_view plain)
 {
-    if (!OrvPdf::CanDecode(stage) || (HasPredictor(stage) && !IsKnownPredictor(stage)) ||
+    if (!OrvPdf::CanDecode(stage) || (OrvPdf::HasPredictor(stage) && !IsKnownPredictor(stage)) ||
         (stage.name == "LZWDecode" && stage.earlyChange != 0 && stage.earlyChange != 1))
         return;
-    // Padding of the last row comes back as well, and the unused bits of a row need not.
-    if (HasPredictor(stage)) {
-        const long long rowBits = stage.columns * stage.colors * stage.bitsPerComponent;
-        if (stage.predictor == 2 && rowBits % 8 != 0)
-            return;
-        const std::size_t rowBytes = GetRowBytes(stage);
-        plain = plain.substr(0, plain.size() / rowBytes * rowBytes);
-    }
-    const DecodingResult decoded = Decode(stage, Encode(stage, plain), byteLimit);
+    // The last row would come back filled up.
+    if (OrvPdf::HasPredictor(stage))
+        plain = plain.substr(0, plain.size() / GetRowBytes(stage) * GetRowBytes(stage));
+    const DecodingResult decoded = OrvPdf::ApplyFilter(stage, Encode(stage, plain), byteLimit);
     Require(decoded.problem.empty(), "what an encoder makes has no problem");
     Require(decoded.bytes.View() == plain, "bytes come back from what an encoder makes of them");
 }
@@ -269,7 +257,7 @@ std::string DecodeEach(const OrvPdf::EncodedStream& encoded)
             continue;
         if (!OrvPdf::CanDecode(stage))
             return {};
-        bytes = Decode(stage, bytes, byteLimit).bytes.View();
+        bytes = OrvPdf::ApplyFilter(stage, bytes, byteLimit).bytes.View();
     }
     return bytes.substr(0, byteLimit);
 }

@@ -149,7 +149,9 @@ std::string AddPixels(std::string_view row, const OrvPdf::FilterStage& stage, bo
         last = isUndone ? made : given;
         writer.Add(made, bits);
     }
-    writer.bytes.resize(row.size(), '\0');
+    // What fills up the last byte is no sample.
+    for (std::size_t bit = count * bits; bit < row.size() * 8; ++bit)
+        writer.Add(GetBits(row, bit, 1), 1);
     return writer.bytes;
 }
 

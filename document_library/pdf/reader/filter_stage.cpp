@@ -8,6 +8,7 @@
 #include <qpdf/Pipeline.hh>
 #include <qpdf/QPDF.hh>
 
+#include "pdf/reader/predictor.h"
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/reader/run_length_data.h"
 
@@ -19,9 +20,6 @@ namespace
 
 constexpr std::array<const char*, 5> ByteFilters = {"ASCIIHexDecode", "ASCII85Decode", "LZWDecode",
                                                     "FlateDecode", "RunLengthDecode"};
-
-// A row of four million pixels in four channels of 16 bits; two of them are held.
-constexpr long long LargestRow = 32 << 20;
 
 struct LimitReached : std::runtime_error
 {
@@ -52,27 +50,6 @@ private:
     std::uint64_t left;
 };
 
-/// The parameters of other filters say nothing, whatever stands in them.
-bool HasPredictor(const FilterStage& stage)
-{
-    return stage.predictor > 1 && (stage.name == "FlateDecode" || stage.name == "LZWDecode");
-}
-
-bool IsReasonable(const FilterStage& stage)
-{
-    if (!HasPredictor(stage))
-        return true;
-    // Data that no decoder is made for would come out as it stands in the file.
-    const bool isKnown = stage.predictor == 2 || (stage.predictor >= 10 && stage.predictor <= 15);
-    const auto isBetween = [](long long value, long long largest) { return value >= 1 && value <= largest; };
-    if (!isKnown || !isBetween(stage.columns, LargestRow) || !isBetween(stage.colors, LargestRow) ||
-        !isBetween(stage.bitsPerComponent, 32))
-        return false;
-    // Each factor is small enough for the product of all three to fit.
-    return stage.columns * stage.colors <= LargestRow &&
-           stage.columns * stage.colors * stage.bitsPerComponent / 8 <= LargestRow;
-}
-
 bool IsText(const FilterStage& stage)
 {
     return stage.name == "ASCIIHexDecode" || stage.name == "ASCII85Decode";
@@ -88,45 +65,16 @@ std::string WithBlanksForZeros(std::string_view encoded)
 
 QPDFObjectHandle MakeParameters(const FilterStage& stage)
 {
+    if (stage.name != "LZWDecode")
+        return QPDFObjectHandle::newNull();
     QPDFObjectHandle parameters = QPDFObjectHandle::newDictionary();
-    const auto set = [&parameters](const char* key, long long value) {
-        parameters.replaceKey(key, QPDFObjectHandle::newInteger(value));
-    };
-    if (stage.name == "LZWDecode")
-        set("/EarlyChange", stage.earlyChange == 0 ? 0 : 1);
-    if (HasPredictor(stage)) {
-        set("/Predictor", stage.predictor);
-        set("/Columns", stage.columns);
-        set("/Colors", stage.colors);
-        set("/BitsPerComponent", stage.bitsPerComponent);
-    }
+    parameters.replaceKey("/EarlyChange", QPDFObjectHandle::newInteger(stage.earlyChange == 0 ? 0 : 1));
     return parameters;
 }
 
-} // namespace
-
-bool CanDecode(const FilterStage& stage)
-{
-    return std::find(ByteFilters.begin(), ByteFilters.end(), stage.name) != ByteFilters.end();
-}
-
-DecodingResult ApplyFilter(const FilterStage& stage, std::string_view encoded, std::uint64_t byteLimit)
+DecodingResult DecodeWithQpdf(const FilterStage& stage, std::string_view encoded, std::uint64_t byteLimit)
 {
     DecodingResult result;
-    if (!IsReasonable(stage)) {
-        result.problem = "the parameters of " + stage.name + " are out of range: Predictor " +
-                         std::to_string(stage.predictor) + ", Columns " + std::to_string(stage.columns) +
-                         ", Colors " + std::to_string(stage.colors) + ", BitsPerComponent " +
-                         std::to_string(stage.bitsPerComponent);
-        return result;
-    }
-    if (stage.name == "RunLengthDecode")
-        return DecodeRunLengths(encoded, byteLimit);
-    std::string text;
-    if (IsText(stage) && encoded.find('\0') != std::string_view::npos) {
-        text = WithBlanksForZeros(encoded);
-        encoded = text;
-    }
     // The decoders are at hand only through a stream with a filter. It lives in a file of its own, since
     // nothing may be added to the one that is read.
     QPDF workshop;
@@ -137,9 +85,7 @@ DecodingResult ApplyFilter(const FilterStage& stage, std::string_view encoded, s
         QPDFObjectHandle stream = workshop.newStream();
         auto buffer = std::make_shared<Buffer>(
             reinterpret_cast<unsigned char*>(const_cast<char*>(encoded.data())), encoded.size());
-        const bool hasParameters = HasPredictor(stage) || stage.name == "LZWDecode";
-        stream.replaceStreamData(buffer, QPDFObjectHandle::newName("/" + stage.name),
-                                 hasParameters ? MakeParameters(stage) : QPDFObjectHandle::newNull());
+        stream.replaceStreamData(buffer, QPDFObjectHandle::newName("/" + stage.name), MakeParameters(stage));
         bool isFiltered = false;
         if (!stream.pipeStreamData(&sink, &isFiltered, 0, qpdf_dl_specialized, false, false) || !isFiltered) {
             if (!isFiltered)
@@ -159,6 +105,45 @@ DecodingResult ApplyFilter(const FilterStage& stage, std::string_view encoded, s
         if (result.problem.empty())
             result.problem = "the data of " + stage.name + " is damaged: " + warning.getMessageDetail();
     }
+    return result;
+}
+
+/// Leaves the predictor alone.
+DecodingResult Decode(const FilterStage& stage, std::string_view encoded, std::uint64_t byteLimit,
+                      std::uint64_t expectedBytes)
+{
+    if (stage.name == "FlateDecode")
+        return Inflate(encoded, byteLimit, expectedBytes);
+    if (stage.name == "RunLengthDecode")
+        return DecodeRunLengths(encoded, byteLimit);
+    if (IsText(stage) && encoded.find('\0') != std::string_view::npos)
+        return DecodeWithQpdf(stage, WithBlanksForZeros(encoded), byteLimit);
+    return DecodeWithQpdf(stage, encoded, byteLimit);
+}
+
+} // namespace
+
+bool CanDecode(const FilterStage& stage)
+{
+    return std::find(ByteFilters.begin(), ByteFilters.end(), stage.name) != ByteFilters.end();
+}
+
+DecodingResult ApplyFilter(const FilterStage& stage, std::string_view encoded, std::uint64_t byteLimit,
+                           std::uint64_t expectedBytes)
+{
+    if (!HasPredictor(stage))
+        return Decode(stage, encoded, byteLimit, expectedBytes);
+    if (!IsReasonablePredictor(stage)) {
+        DecodingResult refused;
+        refused.problem = "the parameters of " + stage.name + " are out of range: Predictor " +
+                          std::to_string(stage.predictor) + ", Columns " + std::to_string(stage.columns) +
+                          ", Colors " + std::to_string(stage.colors) + ", BitsPerComponent " +
+                          std::to_string(stage.bitsPerComponent);
+        return refused;
+    }
+    const std::uint64_t expected = expectedBytes > 0 ? CountPredictedBytes(stage, expectedBytes) : 0;
+    DecodingResult result = Decode(stage, encoded, CountPredictedBytes(stage, byteLimit), expected);
+    UndoPredictor(stage, result, byteLimit);
     return result;
 }
 

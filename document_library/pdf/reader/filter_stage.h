@@ -14,7 +14,9 @@ namespace OrvPdf
 bool CanDecode(const FilterStage& stage);
 
 /// Applies one filter that can be decoded, and gives at most `byteLimit` bytes. Predictor parameters that ask
-/// for unreasonable rows are refused before memory is taken for them.
-DecodingResult ApplyFilter(const FilterStage& stage, std::string_view encoded, std::uint64_t byteLimit);
+/// for unreasonable rows are refused before memory is taken for them. `expectedBytes` is how many are likely
+/// to come; 0 if nobody knows.
+DecodingResult ApplyFilter(const FilterStage& stage, std::string_view encoded, std::uint64_t byteLimit,
+                           std::uint64_t expectedBytes = 0);
 
 } // namespace OrvPdf

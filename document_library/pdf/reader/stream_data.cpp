@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "pdf/reader/filter_stage.h"
-#include "pdf/reader/flate_data.h"
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/reader/source_file.h"
 
@@ -168,10 +167,7 @@ DecodedStream DecodeStream(const SourceFile& file, const EncodedStream& encoded,
             decoded.bytes = DecodedBytes();
             return decoded;
         }
-        if (stage.name == "FlateDecode" && stage.predictor <= 1)
-            result = Inflate(input, largest, expectedBytes);
-        else
-            result = ApplyFilter(stage, input, largest);
+        result = ApplyFilter(stage, input, largest, expectedBytes);
         AddProblem(decoded.problem, result.problem);
         reachedLimit = reachedLimit || result.reachedLimit;
         decoded.bytes = std::move(result.bytes);

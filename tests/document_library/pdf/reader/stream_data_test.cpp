@@ -178,6 +178,32 @@ TEST(StreamData, IsCutOffWhereTheDocumentHasNoBytesLeft)
     EXPECT_EQ(result.left, 0u);
 }
 
+TEST(StreamData, TellsDamageUnderAPredictor)
+{
+    std::string encoded = Deflated(std::string(100, '\0'));
+    encoded.back() = static_cast<char>(encoded.back() + 1);
+    for (const char* predictor : {"1", "2", "12"}) {
+        const Result result(encoded,
+                            std::string("/Filter /FlateDecode /DecodeParms << /Columns 4 /Predictor ") +
+                                predictor + " >>");
+        EXPECT_THAT(result.problem, HasSubstr("incorrect data check")) << predictor;
+    }
+}
+
+TEST(StreamData, GivesRowsUnderAPredictorUpToTheDamage)
+{
+    std::string rows;
+    for (int i = 0; i < 3000; ++i)
+        rows += {0, static_cast<char>(i * i), static_cast<char>(i / 7)};
+    const std::string encoded = Deflated(rows);
+    const Result whole(encoded, "/Filter /FlateDecode /DecodeParms << /Columns 2 /Predictor 12 >>");
+    const Result cut(encoded.substr(0, encoded.size() / 2),
+                     "/Filter /FlateDecode /DecodeParms << /Columns 2 /Predictor 12 >>");
+    EXPECT_GT(cut.bytes.size(), whole.bytes.size() / 4);
+    EXPECT_EQ(cut.bytes, whole.bytes.substr(0, cut.bytes.size()));
+    EXPECT_THAT(cut.problem, HasSubstr("ends early"));
+}
+
 TEST(StreamData, GivesWhatCameOutOfBrokenData)
 {
     const std::string encoded = Deflated(std::string(1000, 'x') + "end");
