@@ -8,6 +8,7 @@
 #include "fuzz_target.h"
 
 #include "laws/content_page.h"
+#include "laws/document_trip.h"
 #include "laws/equal_documents.h"
 #include "laws/scratch_folder.h"
 #include "laws/small_limits.h"
@@ -18,7 +19,6 @@
 #include <orv_doc/document.h>
 #include <orv_doc/errors.h>
 #include <orv_doc/page.h>
-#include <orv_doc/write_options.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -86,9 +86,8 @@ void RequireContent(const std::string& stream)
     Require(!HasNonsense(stream) || HasErrors(*original), "what is no content is told");
 
     Examples::MarkAllContentsChanged(*changed);
-    const std::string written = ScratchFolder().NameOf("written.pdf");
-    changed->Save(written, OrvDoc::WriteOptions(OrvDoc::WriteOptions::Flavour::Full));
-    const DocumentPointer back = OrvDoc::Document::Create(written, LimitsOfWritten());
+    const DocumentPointer back = SaveAndRead(*changed, "written.pdf");
+    Require(back != nullptr, "a content can be written anew");
     RequireEqual(*original, *back, "a content that is written anew comes back as it was");
     RequireNoErrors(*back);
 }

@@ -49,9 +49,9 @@ PaintedPicture::Factory::SetSoftMaskMapping(const OrvColor::ChannelMappingPolicy
     return *this;
 }
 
-PaintedPicture::Factory& PaintedPicture::Factory::SetRenderingIntent(OrvColor::RenderingIntent intent)
+PaintedPicture::Factory& PaintedPicture::Factory::SetRenderingIntent(OrvColor::RenderingIntent given)
 {
-    Change().intent = intent;
+    Change().intent = given;
     return *this;
 }
 

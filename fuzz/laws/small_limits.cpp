@@ -121,7 +121,8 @@ OrvDoc::ReadOptions LimitsOfWritten()
 void RequireWithin(const Limits& limits, OrvDoc::Document& document)
 {
     Require(document.GetNumberOfPages() <= limits.pages, "a document has no more pages than the limit");
-    Require(document.GetActiveErrors().GetAllErrors().size() <= limits.errors + 1,
+    // Those of the structure, and those of the page tree, which is read later, have a last one each.
+    Require(document.GetActiveErrors().GetAllErrors().size() <= limits.errors + 2,
             "a document keeps no more errors than the limit");
     for (const OrvDoc::Content* const content : Examples::ListAllContents(document))
         RequireContentWithin(limits, *content);

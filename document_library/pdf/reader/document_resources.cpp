@@ -157,14 +157,14 @@ DocumentResources::KnownShading DocumentResources::MakeShading(QPDFObjectHandle 
     return made;
 }
 
-void DocumentResources::AddLayer(int objectNumber, std::shared_ptr<OrvDoc::LayerProperties> layer)
+void DocumentResources::AddLayer(QPDFObjGen object, std::shared_ptr<OrvDoc::LayerProperties> layer)
 {
-    layers.emplace(objectNumber, std::move(layer));
+    layers.emplace(object, std::move(layer));
 }
 
-std::shared_ptr<OrvDoc::LayerProperties> DocumentResources::FindLayer(int objectNumber) const
+std::shared_ptr<OrvDoc::LayerProperties> DocumentResources::FindLayer(QPDFObjectHandle object) const
 {
-    const auto found = layers.find(objectNumber);
+    const auto found = layers.find(object.getObjGen());
     return found == layers.end() ? nullptr : found->second;
 }
 

@@ -73,9 +73,9 @@ public:
                                                       const OrvColor::ColorSpace::Pointer& space,
                                                       std::string& problem);
 
-    void AddLayer(int objectNumber, std::shared_ptr<OrvDoc::LayerProperties> layer);
-    /// Null if no layer of the document has that object number.
-    std::shared_ptr<OrvDoc::LayerProperties> FindLayer(int objectNumber) const;
+    void AddLayer(QPDFObjGen object, std::shared_ptr<OrvDoc::LayerProperties> layer);
+    /// Null if that is no layer of the document.
+    std::shared_ptr<OrvDoc::LayerProperties> FindLayer(QPDFObjectHandle object) const;
 
 private:
     struct KnownSpace
@@ -100,7 +100,7 @@ private:
     std::map<QPDFObjGen, KnownSpace> spacesByObject;
     std::unordered_map<std::uint64_t, std::vector<OrvColor::ColorSpace::Pointer>> spacesByDigest;
     std::map<std::pair<QPDFObjGen, OrvColor::ColorSpace::Pointer>, KnownShading> shadings;
-    std::map<int, std::shared_ptr<OrvDoc::LayerProperties>> layers;
+    std::map<QPDFObjGen, std::shared_ptr<OrvDoc::LayerProperties>> layers;
     OrvDoc::Document* document = nullptr;
     std::map<QPDFObjGen, std::shared_ptr<PdfForm>> forms;
     std::map<QPDFObjGen, std::shared_ptr<PdfTiling>> tilings;

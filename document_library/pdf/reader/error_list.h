@@ -10,14 +10,18 @@ namespace OrvPdf
 
 /// Texts of active errors, up to a limit: a damaged file can have one for each of its objects. The last entry
 /// then tells how many more there were.
+///
+/// `alreadyKept` counts those that others hold and that the limit is for as well.
 class ErrorList
 {
 public:
-    explicit ErrorList(std::uint64_t givenLimit) : limit(givenLimit) {}
+    explicit ErrorList(std::uint64_t givenLimit, std::uint64_t alreadyKept = 0)
+        : limit(givenLimit), room(alreadyKept < givenLimit ? givenLimit - alreadyKept : 0)
+    {}
 
     void Add(std::string text)
     {
-        if (texts.size() < limit)
+        if (texts.size() < room)
             texts.push_back(std::move(text));
         else
             ++omitted;
@@ -43,6 +47,7 @@ public:
 
 private:
     std::uint64_t limit;
+    std::uint64_t room;
     std::uint64_t omitted = 0;
     std::vector<std::string> texts;
 };

@@ -41,7 +41,8 @@ PdfForm::PdfForm(DocumentResources& givenDocument, QPDFObjectHandle givenStream,
     isGroup = GetEntry(group, "/S").isNameAndEquals("/Transparency");
     isIsolated = isGroup && IsTrue(GetEntry(group, "/I"));
     isKnockout = isGroup && IsTrue(GetEntry(group, "/K"));
-    isWrittenGroup = isGroup && IsTrue(GetEntry(givenStream, Tags::groupFormKey));
+    isWrittenAsGroup = IsTrue(GetEntry(givenStream, Tags::groupFormKey));
+    mayBeTaken = isGroup && isWrittenAsGroup;
     std::vector<std::string> problems;
     base = ReadMatrix(GetEntry(givenStream, Tags::baseKey), "OrvBase", problems);
 }
@@ -169,7 +170,9 @@ std::unique_ptr<NestedSource> PdfForm::MakeSource(const NestedStream::Reading& r
 {
     auto source = std::make_unique<NestedSource>();
     stream.Describe(reading, *source);
-    source->isSelfContained = source->isSelfContained && !reading.dependsOnResourcesAround && !layer &&
+    // What speaks against a group, such as another use in front of this one, need not be there in a new file.
+    source->isSelfContained = source->isSelfContained && !isWrittenAsGroup &&
+                              !reading.dependsOnResourcesAround && !layer &&
                               FindPeculiar(state, reading.interpretation.usedParameters) == 0;
     return source;
 }
@@ -201,10 +204,10 @@ GroupUse PdfForm::TakeGroup(const GraphicsState& state, const Matrix& around)
     const std::lock_guard<std::recursive_mutex> lock(document.GetNestedContents().mutex);
     std::string problem;
     const bool isWhereItWas = Plexa::IsIdentity(base) || base == around;
-    if (!isWrittenGroup || !isWhereItWas || !stream.MayRead(problem)) {
+    if (!mayBeTaken || !isWhereItWas || !stream.MayRead(problem)) {
         return {};
     }
-    isWrittenGroup = false;
+    mayBeTaken = false;
     const GraphicsState initial = BeginForm(state, true);
     NestedStream::Reading reading = stream.Read(OrvDoc::Content::Type::FormContent, &initial, base);
     auto* const group = dynamic_cast<OrvDoc::Group*>(reading.content->GetChildren().first);

@@ -67,7 +67,10 @@ private:
     bool isGroup = false;
     bool isIsolated = false;
     bool isKnockout = false;
-    bool isWrittenGroup = false;
+    /// It says that it is the form of a group.
+    bool isWrittenAsGroup = false;
+    /// As a group, which can happen once.
+    bool mayBeTaken = false;
     /// Of a written group.
     Matrix base;
     std::vector<Variant> variants;

@@ -42,6 +42,7 @@ std::unique_ptr<NestedSource> PdfGlyph::MakeSource(const NestedStream::Reading& 
     source->character = character;
     source->blending = state.blending.value;
     source->halftones = state.halftones;
+    source->usesTransferFunctions = (used & Inherited::transferFunctions) != 0;
     source->characterSpacing = state.text.characterSpacing;
     source->wordSpacing = state.text.wordSpacing;
     source->textMode = state.text.mode;

@@ -26,6 +26,8 @@ public:
     std::shared_ptr<const OrvPaint::FlatPaint> fill;
     OrvBlend::Transparency blending;
     std::shared_ptr<OrvDoc::HalftoneSet> halftones;
+    /// Whether it paints with the transfer functions of the content around.
+    bool usesTransferFunctions = false;
     /// Parameters of text that the content may take over, and that make no difference to where one character
     /// stands.
     double characterSpacing = 0.0;

@@ -110,7 +110,7 @@ private:
 
     void AddLayer(QPDFObjectHandle group, std::vector<LogicalLayerExpression>& operands)
     {
-        const auto layer = document.FindLayer(group.getObjectID());
+        const auto layer = document.FindLayer(group);
         if (layer)
             operands.emplace_back(layer);
         else if (group.isNull())
@@ -135,7 +135,7 @@ private:
 boost::optional<OrvDoc::Layer::Membership>
 ReadLayerMembership(DocumentResources& document, QPDFObjectHandle propertyList, std::string& problem)
 {
-    if (const auto layer = document.FindLayer(propertyList.getObjectID()))
+    if (const auto layer = document.FindLayer(propertyList))
         return OrvDoc::Layer::Membership(layer);
     const std::string type = GetNameText(GetEntry(propertyList, "/Type"));
     if (type == "OCMD")

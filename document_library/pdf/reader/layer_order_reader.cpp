@@ -54,7 +54,7 @@ public:
             if (item.isArray()) {
                 ReadArray(item, depth, follows, nodes);
                 follows = false;
-            } else if (const auto layer = document.FindLayer(item.getObjectID())) {
+            } else if (const auto layer = document.FindLayer(item)) {
                 nodes.push_back({layer, {}});
                 follows = true;
             } else {

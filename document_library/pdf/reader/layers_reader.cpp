@@ -37,7 +37,7 @@ public:
                 errors.Add(name + " is no layer");
                 continue;
             }
-            if (document.FindLayer(group.getObjectID())) {
+            if (document.FindLayer(group)) {
                 errors.Add(name + " is listed twice");
                 continue;
             }
@@ -77,7 +77,7 @@ private:
             errors.Add(DescribeObject(group) + ": a layer has no Name");
         const LayerPointer layer = layers.AddUnorderedLayer(GetTextString(name));
         layer->SetSourceObject(group.getObjectID());
-        document.AddLayer(group.getObjectID(), layer);
+        document.AddLayer(group.getObjGen(), layer);
 
         QPDFObjectHandle step = group.getKey("/GTS_Metadata");
         if (step.isDictionary()) {
@@ -98,7 +98,7 @@ private:
             return;
         }
         for (QPDFObjectHandle group : array.getArrayAsVector()) {
-            if (const LayerPointer layer = document.FindLayer(group.getObjectID()))
+            if (const LayerPointer layer = document.FindLayer(group))
                 function(layer, group);
             else
                 errors.Add("OCProperties: D: " + key + ": " + DescribeObject(group) +

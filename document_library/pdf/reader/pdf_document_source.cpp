@@ -74,14 +74,16 @@ void PdfDocumentSource::ReadStructure(OrvDoc::Document& document) const
     document.SetInfoFlag(OrvDoc::DocumentInfoFlagKey::Repaired, file->WasRepaired());
 
     errors.Add(file->TakeWarnings());
-    for (std::string& text : errors.Take())
+    std::vector<std::string> texts = errors.Take();
+    structureErrors = texts.size();
+    for (std::string& text : texts)
         document.GetActiveErrors().Add(std::move(text), OrvDoc::Errors::Origin::Reading);
 }
 
 OrvDoc::Detail::PageTree PdfDocumentSource::ReadPageTree() const
 {
     const SourceFile::Access access(*file);
-    ErrorList errors(file->GetOptions().limits.errors);
+    ErrorList errors(file->GetOptions().limits.errors, structureErrors);
     OrvDoc::Detail::PageTree tree;
     ReadPart("the page tree", errors, [&] {
         std::vector<PageEntry> entries = ReadPageEntries(access.GetQpdf(), file->GetOptions().limits, errors);

@@ -32,6 +32,7 @@ private:
     std::shared_ptr<DocumentResources> resources;
     /// Guarded by the access to the file.
     mutable boost::optional<std::vector<OrvDoc::Separation::Entry>> knownSeparations;
+    mutable std::uint64_t structureErrors = 0;
 };
 
 } // namespace OrvPdf

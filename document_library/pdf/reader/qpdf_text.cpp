@@ -1,5 +1,7 @@
 #include "pdf/reader/qpdf_text.h"
 
+#include <algorithm>
+
 namespace OrvPdf
 {
 
@@ -22,7 +24,10 @@ QPDFObjectHandle GetEntry(QPDFObjectHandle object, const char* key)
 
 std::string WithoutSlash(const std::string& name)
 {
-    return !name.empty() && name.front() == '/' ? name.substr(1) : name;
+    std::string text = !name.empty() && name.front() == '/' ? name.substr(1) : name;
+    // How the PDF library keeps a number sign that begins no escape.
+    std::replace(text.begin(), text.end(), '\0', '#');
+    return text;
 }
 
 std::string GetNameText(QPDFObjectHandle object)

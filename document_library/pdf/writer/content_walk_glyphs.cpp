@@ -28,6 +28,14 @@ bool HasUsualOutline(const Path& path, const OrvPaint::FormPaint& form)
     return outline == usual && path.DefiningCompound()->GetWindingRule() == Plexa::WindingRule::NonZero;
 }
 
+/// A content that paints with several sets of functions has none itself; the glyph's own is then told by its
+/// form.
+bool HasFunctionsOfContent(const Path& path, const OrvPaint::FormPaint& form)
+{
+    const OrvDoc::Content* const around = path.GetContent();
+    return around && around->GetTransferFunctionSet() == form.GetContent().GetTransferFunctionSet();
+}
+
 } // namespace
 
 const GlyphSource* FindShownGlyph(const Path& path)
@@ -39,7 +47,8 @@ const GlyphSource* FindShownGlyph(const Path& path)
                              form->GetContent().GetRevision() == source->baseRevision;
     const bool isPlain = isUnchanged && !path.GetStrokePaint() && !path.GetTransparency() &&
                          !path.GetHalftoneSet() && IsFinite(path.GetTransformation()) &&
-                         HasUsualOutline(path, *form);
+                         HasUsualOutline(path, *form) &&
+                         (!source->usesTransferFunctions || HasFunctionsOfContent(path, *form));
     return isPlain ? source : nullptr;
 }
 

@@ -1,5 +1,6 @@
 #include "pdf/writer/name_escapes.h"
 
+#include <algorithm>
 #include <string>
 
 namespace OrvPdf
@@ -8,16 +9,22 @@ namespace OrvPdf
 namespace
 {
 
+/// A zero is how the library keeps a number sign that begins no escape; it would be written as it was.
+bool IsNumberSign(char character)
+{
+    return character == '#' || character == '\0';
+}
+
 bool NeedsEscape(const std::string& name)
 {
-    return name.find('#') != std::string::npos;
+    return std::any_of(name.begin(), name.end(), IsNumberSign);
 }
 
 std::string Escape(const std::string& name)
 {
     std::string escaped;
     for (const char character : name) {
-        escaped += character == '#' ? std::string("#23") : std::string(1, character);
+        escaped += IsNumberSign(character) ? std::string("#23") : std::string(1, character);
     }
     return escaped;
 }

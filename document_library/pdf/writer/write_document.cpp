@@ -99,6 +99,9 @@ void WithName(const std::string& name, const std::function<void()>& run)
         throw std::runtime_error(name + ": cannot be written: " + DescribeProblem(problem));
     } catch (const std::logic_error& problem) {
         throw std::runtime_error(name + ": cannot be written: " + problem.what());
+    } catch (const std::range_error& problem) {
+        // There is no number left for a new object.
+        throw std::runtime_error(name + ": cannot be written: " + problem.what());
     }
 }
 
