@@ -34,7 +34,8 @@ using DocumentPointer = std::unique_ptr<OrvDoc::Document>;
 
 void RequireDocument(const std::string& file)
 {
-    const OrvDoc::ReadOptions limits = SmallLimits();
+    // A content that is kept is read again by the same limits, lest it has more the second time.
+    const OrvDoc::ReadOptions limits = LimitsOfWritten();
     const DocumentPointer original = Open(file, limits);
     const DocumentPointer changed = Open(file, limits);
     Require((original == nullptr) == (changed == nullptr), "a file can be read twice or not at all");

@@ -27,6 +27,9 @@ const std::string coloured = "500 0 d0 1 0 0 rg 0 0 500 500 re f";
 const std::string stencil = "500 0 0 0 500 500 d1 0 0 500 500 re f";
 const std::string square = "path {M 0 0 L 500000 0 L 500000 500000 L 0 500000 Z}";
 
+const std::string squaringFunctions =
+    "/ExtGState << /G << /TR << /FunctionType 2 /Domain [0 1] /N 2 >> >> >>";
+
 /// The font `T3`, whose glyphs for A, B and so on are half as wide as high; the blank has a width and no
 /// glyph.
 class GlyphContents : public ::testing::Test
@@ -382,6 +385,30 @@ TEST_F(GlyphContents, WidthOperatorsOutsideOfGlyphsAreTold)
     EXPECT_THAT(file.Errors(0), ElementsAre(HasSubstr("d0")));
     EXPECT_THAT(file.Errors(1), ElementsAre(HasSubstr("d1")));
     EXPECT_THAT(file.Shown(1), ElementsAre(HasSubstr("RGB 1 0 0")));
+}
+
+TEST_F(GlyphContents, TheMarkOfATextBeginsNoneInAFontOfGlyphs)
+{
+    Read({"BT /T3 10 Tf /OrvText MP (A) Tj ET"}, {coloured});
+    EXPECT_THAT(file.Shown(), ElementsAre("@10,0,0,10,0,0[" + square + " fill RGB 1 0 0]"));
+    ExpectBackAsText("(A) Tj\n");
+}
+
+TEST_F(GlyphContents, TransferFunctionsOfThePageLeaveAGlyphAText)
+{
+    Read({"/G gs BT /T3 10 Tf (A) Tj ET 0 0 1 1 re f"}, {coloured}, "", squaringFunctions);
+    ExpectBackAsText("(A) Tj\n");
+}
+
+TEST_F(GlyphContents, AGlyphWithOtherTransferFunctionsThanThePageIsNoText)
+{
+    Read({"0 0 1 1 re f /G gs BT /T3 10 Tf (A) Tj ET"}, {coloured}, "", squaringFunctions);
+    const auto functions = ContentOfGlyph(Glyph(0)).GetTransferFunctionSet();
+    ASSERT_TRUE(functions);
+    file.Page().MarkChanged();
+    file.Reopen();
+    EXPECT_THAT(file.SavedStream(), HasSubstr(" Do"));
+    EXPECT_TRUE(ContentOfGlyph(Glyph(0)).GetTransferFunctionSet() == functions);
 }
 
 TEST_F(GlyphContents, PdftotextReadsGlyphsThatAreWrittenAnew)

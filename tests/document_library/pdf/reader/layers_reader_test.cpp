@@ -150,6 +150,13 @@ TEST(LayersReader, LeavesOutAnOrderThatLiesWithinItself)
     EXPECT_THAT(read.errors, ElementsAre(HasSubstr("object 6 0 lies within itself")));
 }
 
+TEST(LayersReader, AReferenceToAnotherGenerationIsNoneToTheLayer)
+{
+    Read read("/Order [3 0 R 4 1 R]", ThreeLayers);
+    EXPECT_EQ(read.Order(), "a");
+    EXPECT_THAT(read.errors, ElementsAre(HasSubstr("no layer of the document")));
+}
+
 TEST(LayersReader, LeavesOutLevelsOfTheOrderBeyondTheLimit)
 {
     OrvDoc::ReadOptions options;

@@ -27,6 +27,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 using testing::ThrowsMessage;
+using testing::UnorderedElementsAre;
 
 TEST(PdfDocumentSource, ReadsTheStructureOfAFile)
 {
@@ -104,6 +105,18 @@ TEST(PdfDocumentSource, BoundsTheNumberOfErrors)
     EXPECT_EQ(document->GetNumberOfPages(), 0u);
     EXPECT_THAT(TextsOf(document->GetActiveErrors()),
                 ElementsAre(HasSubstr("entry 1"), HasSubstr("entry 2"), HasSubstr("4 more errors")));
+}
+
+TEST(PdfDocumentSource, BoundsTheNumberOfErrorsOfStructureAndPageTreeTogether)
+{
+    OrvDoc::ReadOptions options;
+    options.limits.errors = 2;
+    const auto document = ReadBytes(
+        PdfFile({"<< /Type /Catalog /Pages 2 0 R /OCProperties 7 >>", "<< /Kids [1 2 3 4 5] >>"}), options);
+    EXPECT_EQ(document->GetNumberOfPages(), 0u);
+    EXPECT_THAT(TextsOf(document->GetActiveErrors()),
+                UnorderedElementsAre(HasSubstr("OCProperties"), HasSubstr("entry 1"),
+                                     HasSubstr("5 more errors beyond the limit of 2")));
 }
 
 TEST(PdfDocumentSource, ReadsSeparationsOfInheritedResources)

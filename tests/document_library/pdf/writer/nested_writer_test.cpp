@@ -374,6 +374,24 @@ TEST_F(NestedWriter, FormsTenThousandDeepAreWrittenAndReadUpToTheLimit)
     EXPECT_EQ(read, 64U);
 }
 
+// Only its first use is read as the group that the object says it is.
+TEST_F(NestedWriter, AGroupThatIsShownASecondTimeComesBackAsAGroupAndAForm)
+{
+    file.Read({"/F0 Do /F0 Do"}, {FormObject("/OrvGroup BMC " + square + "EMC",
+                                             "/Group << /S /Transparency >> /OrvGroup true")});
+    const auto kindsOf = [](const OrvDoc::Content& content) {
+        std::vector<std::string> kinds;
+        for (const OrvDoc::ContentObject* const object : ObjectsOf(content))
+            kinds.push_back(FormOf(object)                               ? "form"
+                            : dynamic_cast<const OrvDoc::Group*>(object) ? "group"
+                                                                         : "");
+        return kinds;
+    };
+    ASSERT_THAT(kindsOf(file.Page()), ElementsAre("group", "form"));
+    const auto reopened = file.Reopen();
+    EXPECT_THAT(kindsOf(HarrowSupport::Testing::ContentOf(*reopened, 0)), ElementsAre("group", "form"));
+}
+
 TEST_F(NestedWriter, AGroupKeepsTheTransferFunctionsOfItsPage)
 {
     file.Read({"/G gs " + square}, {},

@@ -468,6 +468,26 @@ TEST_F(WriteDocument, KeepsNumberSignsInNames)
     EXPECT_EQ(Catalogue().getKey("/A#B C").getArrayItem(0).getName(), "/D#41");
 }
 
+TEST_F(WriteDocument, WritesNumberSignsThatBeginNoEscapeAsOnesThatDo)
+{
+    Save(*ReadFile(
+        PdfFileOfPages({"/P /#List BDC EMC"}, "/A#<</B#/C#x>>", "/Properties <</#List <</D#/E#>>>>")));
+    EXPECT_THAT(Objects().getWarnings(), IsEmpty());
+    EXPECT_EQ(Catalogue().getKey("/A#").getKey("/B#").getName(), "/C#x");
+    EXPECT_THAT(Objects().getWarnings(), IsEmpty());
+}
+
+TEST_F(WriteDocument, FailsWithTheNameOfTheFileWhereNoNumberIsLeftForAnObject)
+{
+    const auto document = ReadFile(PdfFileOfPages({"0 0 5 5 re f"}, "/Private 2147483647 0 R"));
+    try {
+        Save(*document);
+        FAIL() << "the file was written";
+    } catch (const std::runtime_error& problem) {
+        EXPECT_THAT(problem.what(), HasSubstr(Name() + ": cannot be written: "));
+    }
+}
+
 TEST_F(WriteDocument, KeepsErrorsThatStayInForceTheSameObjects)
 {
     const auto document = NewDocument(1);
