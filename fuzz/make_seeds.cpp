@@ -22,9 +22,9 @@ struct SeedMaker
 };
 
 const SeedMaker makers[] = {
-    {"cmap", MakeCMapSeeds},
-    {"content", MakeContentSeeds}, {"file", MakeFileSeeds},         {"filters", MakeFiltersSeeds},
-    {"font", MakeFontSeeds},       {"function", MakeFunctionSeeds}, {"layers", MakeLayersSeeds},
+    {"cmap", MakeCMapSeeds},       {"content", MakeContentSeeds}, {"file", MakeFileSeeds},
+    {"filters", MakeFiltersSeeds}, {"font", MakeFontSeeds},       {"function", MakeFunctionSeeds},
+    {"layers", MakeLayersSeeds},
 };
 
 } // namespace
