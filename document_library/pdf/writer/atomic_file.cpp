@@ -75,11 +75,19 @@ AtomicFile::AtomicFile(const boost::filesystem::path& givenTarget)
 {
     struct stat existing = {};
     const bool exists = ::stat(target.c_str(), &existing) == 0;
+    if (!exists && errno != ENOENT) {
+        // Renaming would fail too, or would replace links that lead in a circle.
+        Fail("cannot be written", errno);
+    }
     if (exists && S_ISDIR(existing.st_mode)) {
         Fail("cannot be written", EISDIR);
     }
     if (exists && !S_ISREG(existing.st_mode)) {
         throw std::runtime_error(name.string() + ": cannot be written: it is not a regular file");
+    }
+    if (exists && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
+        // Renaming asks for the right to change the folder alone.
+        Fail("cannot be written", errno);
     }
     Create();
     if (exists && ::fchmod(descriptor, existing.st_mode & 07777) != 0) {
@@ -130,9 +138,15 @@ void AtomicFile::Write(const void* data, std::size_t size)
 
 void AtomicFile::Commit()
 {
-    // Some devices that can't synchronize say EINVAL.
-    if (::fsync(descriptor) != 0 && errno != EINVAL) {
-        Fail("cannot be brought to the disk", errno);
+    // The data first: after a loss of power a name that is on the disk must not lead to data that are not.
+    while (::fsync(descriptor) != 0) {
+        // Some devices that can't synchronize say EINVAL.
+        if (errno == EINVAL) {
+            break;
+        }
+        if (errno != EINTR) {
+            Fail("cannot be brought to the disk", errno);
+        }
     }
     const int closing = ::close(descriptor);
     descriptor = -1;

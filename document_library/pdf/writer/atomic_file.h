@@ -8,8 +8,11 @@ namespace OrvPdf
 {
 
 /// A file that takes its place only when it is whole: written aside in the same folder, brought to the disk,
-/// and renamed over whatever stands there. Where a symbolic link stands, its target is replaced. All failures
-/// are `std::runtime_error`, "FILE: reason".
+/// and renamed over whatever stands there. Where a symbolic link stands, its target is replaced. A file that
+/// the user may not write is not replaced. All failures are `std::runtime_error`, "FILE: reason".
+///
+/// At each moment, also when the process is killed or the power is lost, the old file or the new one is
+/// whole. Only a process that is killed leaves the file aside, hidden under `.NAME.` and six letters.
 class AtomicFile
 {
 public:

@@ -135,6 +135,15 @@ TEST(AtomicFile, FailsOnANameThatIsTooLong)
     EXPECT_EQ(CountFiles(folder), 0u);
 }
 
+TEST(AtomicFile, FailsOnLinksThatLeadInACircle)
+{
+    const TemporaryFolder folder;
+    boost::filesystem::create_symlink("link.pdf", folder.NameOf("link.pdf"));
+    EXPECT_THAT(FailureOf(folder.NameOf("link.pdf")), HasSubstr("Too many levels of symbolic links"));
+    EXPECT_TRUE(boost::filesystem::is_symlink(folder.NameOf("link.pdf")));
+    EXPECT_EQ(CountFiles(folder), 1u);
+}
+
 TEST(AtomicFile, FailsInAFolderThatMayNotBeWritten)
 {
     const TemporaryFolder folder;
