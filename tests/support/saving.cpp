@@ -66,7 +66,9 @@ std::string OutcomeOf(const std::function<void()>& action, const std::string& fi
     std::string what = "no";
     if (found != others.end()) {
         others.erase(found);
-        const std::string bytes = boost::filesystem::is_regular_file(path) ? FileBytes(file) : std::string();
+        boost::system::error_code ignored;
+        const std::string bytes =
+            boost::filesystem::is_regular_file(path, ignored) ? FileBytes(file) : std::string();
         what = bytes == newBytes ? "new" : bytes == oldBytes ? "old" : "other";
     }
     const std::string rest = others.empty() ? "nothing else" : boost::algorithm::join(others, ", ");
