@@ -18,7 +18,7 @@
 
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/reader/stack_room.h"
-#include "pdf/reader/trailer_repair.h"
+#include "pdf/reader/table_repair.h"
 
 namespace OrvPdf
 {
@@ -27,6 +27,18 @@ namespace
 {
 
 constexpr std::string_view HeaderMark = "%PDF-";
+constexpr const char* NoHeader = "this is no PDF file: it has no %PDF header";
+
+bool HasHeader(std::string_view bytes)
+{
+    return bytes.find(HeaderMark) != std::string_view::npos;
+}
+
+/// A look that costs little at what may be a large file of any kind.
+bool MayHaveCatalogue(std::string_view bytes)
+{
+    return bytes.find("/Root") != std::string_view::npos || bytes.find("/Catalog") != std::string_view::npos;
+}
 
 /// Bytes in memory that refuse to be read from too deep a recursion.
 class GuardedInput : public BufferInputSource
@@ -63,8 +75,8 @@ std::shared_ptr<const SourceFile> SourceFile::Open(const boost::filesystem::path
     opened->ReadBytes();
     if (opened->size == 0)
         opened->Fail("the file is empty");
-    if (opened->GetBytes().find(HeaderMark) == std::string_view::npos)
-        opened->Fail("this is no PDF file: it has no %PDF header");
+    if (!HasHeader(opened->GetBytes()) && !MayHaveCatalogue(opened->GetBytes()))
+        opened->Fail(NoHeader);
     opened->OpenObjects();
     return opened;
 }
@@ -114,7 +126,7 @@ void SourceFile::OpenObjects()
 {
     const std::string problem = TryPasswords();
     if (!problem.empty() && (!AddTrailer() || !TryPasswords().empty()))
-        Fail("the file is damaged beyond repair: " + problem);
+        Fail(HasHeader(GetBytes()) ? "the file is damaged beyond repair: " + problem : NoHeader);
     if (!qpdf) {
         Fail(options.password.empty() ? "the file is encrypted and needs a password"
                                       : "the file is encrypted and the password is wrong");
@@ -122,11 +134,13 @@ void SourceFile::OpenObjects()
     isEncrypted = qpdf->isEncrypted();
     pendingWarnings = TakeWarnings();
     if (!problem.empty())
-        pendingWarnings.push_back("the file was read with a trailer made for it, since otherwise: " +
-                                  problem);
-    wasRepaired = std::any_of(pendingWarnings.begin(), pendingWarnings.end(), [](const std::string& text) {
-        return text.find("Attempting to reconstruct cross-reference table") != std::string::npos;
-    });
+        pendingWarnings.push_back(
+            "the file was read with a cross-reference table made for it, since otherwise: " + problem);
+    wasRepaired =
+        !problem.empty() ||
+        std::any_of(pendingWarnings.begin(), pendingWarnings.end(), [](const std::string& text) {
+            return text.find("Attempting to reconstruct cross-reference table") != std::string::npos;
+        });
     CheckObjectCount();
 }
 
@@ -175,14 +189,14 @@ std::string SourceFile::TryPasswords()
 
 bool SourceFile::AddTrailer()
 {
-    const std::string trailer = MakeTrailer(GetBytes());
-    if (trailer.empty())
+    const std::string table = MakeTable(GetBytes());
+    if (table.empty())
         return false;
-    std::unique_ptr<char[]> longer(new char[size + trailer.size()]);
+    std::unique_ptr<char[]> longer(new char[size + table.size()]);
     std::copy_n(bytes.get(), size, longer.get());
-    std::copy_n(trailer.data(), trailer.size(), longer.get() + size);
+    std::copy_n(table.data(), table.size(), longer.get() + size);
     bytes = std::move(longer);
-    size += trailer.size();
+    size += table.size();
     return true;
 }
 

@@ -90,6 +90,19 @@ TEST(SourceFile, RefusesWhatHasNoHeader)
     EXPECT_THAT(ReasonOf("Dear reader, 1 0 obj"), HasSubstr("no PDF file"));
 }
 
+TEST(SourceFile, RefusesWhatHasNeitherHeaderNorPages)
+{
+    EXPECT_THAT(ReasonOf("trailer << /Root 1 0 R >>"), HasSubstr("no PDF file"));
+}
+
+TEST(SourceFile, OpensAFileWithoutAHeaderAndSaysSo)
+{
+    const std::string bytes = OnePage();
+    const ReaderTests::OpenedFile file(bytes.substr(bytes.find("1 0 obj")));
+    EXPECT_TRUE(file.GetCatalogue().isDictionary());
+    EXPECT_THAT(file.Get()->TakeWarnings(), Contains(HasSubstr("header")));
+}
+
 TEST(SourceFile, TellsThatAFileIsDamagedBeyondRepair)
 {
     EXPECT_THAT(ReasonOf("%PDF-1.7\nnothing that could be an object"), HasSubstr("damaged beyond repair"));
