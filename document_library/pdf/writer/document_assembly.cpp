@@ -1,6 +1,7 @@
 #include "pdf/writer/document_assembly.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include <qpdf/QPDF.hh>
 
@@ -23,6 +24,7 @@
 #include "pdf/writer/separation_info_writer.h"
 #include "pdf/writer/separation_spaces.h"
 #include "pdf/writer/source_streams.h"
+#include "pdf/writer/trailer_mending.h"
 
 namespace OrvPdf
 {
@@ -41,15 +43,6 @@ std::unique_ptr<QPDF> OpenTarget(const PdfDocumentSource* source)
     return file;
 }
 
-/// The PDF library fills in the number of objects, but only where a trailer has one: that of a damaged file
-/// may not.
-void RequireSize(QPDFObjectHandle trailer)
-{
-    if (!trailer.hasKey("/Size")) {
-        trailer.replaceKey("/Size", QPDFObjectHandle::newInteger(0));
-    }
-}
-
 /// The separations that the pages of the file name, whether the document lists them or not.
 std::vector<std::string> FindNamedSeparations(const ResourcesWriter& resources,
                                               const PdfDocumentSource* source)
@@ -63,6 +56,13 @@ std::vector<std::string> FindNamedSeparations(const ResourcesWriter& resources,
     return names;
 }
 
+/// Whether the data were encoded elsewhere, as those of inline images: what is made here has one filter.
+bool HasForeignFilter(QPDFObjectHandle stream)
+{
+    QPDFObjectHandle filter = stream.getDict().getKey("/Filter");
+    return !filter.isNull() && !filter.isNameAndEquals("/FlateDecode");
+}
+
 /// What all objects need that are written, whoever made them.
 void FinishObjects(DocumentAssembly& assembly, ObjectMaker& maker, const PdfDocumentSource* source)
 {
@@ -72,7 +72,7 @@ void FinishObjects(DocumentAssembly& assembly, ObjectMaker& maker, const PdfDocu
         if (escapesNames) {
             EscapeNumberSigns(object);
         }
-        if (object.isStream() && maker.IsSourceObject(object)) {
+        if (object.isStream() && (maker.IsSourceObject(object) || HasForeignFilter(object))) {
             streams.push_back(object);
         }
     });
@@ -91,7 +91,7 @@ DocumentAssembly AssembleDocument(const OrvDoc::Document& document, const boost:
     DocumentAssembly assembly;
     assembly.file = OpenTarget(source);
     QPDFObjectHandle catalogue = assembly.file->getRoot();
-    RequireSize(assembly.file->getTrailer());
+    std::vector<std::string> trailerErrors = MendTrailer(assembly.file->getTrailer());
     ObjectMaker maker(*assembly.file, source != nullptr);
     LayerObjects layers(maker, catalogue, document.GetLayers());
     SeparationSpaces separations(document.GetSeparationInfo());
@@ -116,6 +116,7 @@ DocumentAssembly AssembleDocument(const OrvDoc::Document& document, const boost:
     for (std::string& text : fonts.WriteAll()) {
         assembly.errors.push_back(std::move(text));
     }
+    std::move(trailerErrors.begin(), trailerErrors.end(), std::back_inserter(assembly.errors));
     FinishObjects(assembly, maker, source);
     // Layers came with 1.5, and so did object streams; transparency came with 1.4; all else that is
     // written is older, but for fonts.

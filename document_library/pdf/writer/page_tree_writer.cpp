@@ -1,7 +1,7 @@
 #include "pdf/writer/page_tree_writer.h"
 
+#include <algorithm>
 #include <map>
-#include <set>
 #include <tuple>
 
 #include <qpdf/QPDF.hh>
@@ -37,18 +37,19 @@ PageEntry MakeEmptyEntry(ObjectMaker& maker)
 std::vector<PageEntry> FindPageObjects(const OrvDoc::Document& document, const PdfDocumentSource* source,
                                        ObjectMaker& maker)
 {
-    std::map<LocatorKey, PageEntry> entries;
+    // A tree can lead to one page several times, each time with other inherited entries.
+    std::map<LocatorKey, std::vector<PageEntry>> entries;
     if (source) {
         // Problems of the tree were told when it was read.
         ErrorList errors(0);
         for (PageEntry& entry :
              ReadPageEntries(maker.GetFile(), source->GetFile().GetOptions().limits, errors)) {
             LocatorKey key = GetKey(entry.locator);
-            entries.emplace(std::move(key), std::move(entry));
+            entries[std::move(key)].push_back(std::move(entry));
         }
     }
     std::vector<PageEntry> found;
-    std::set<LocatorKey> used;
+    std::map<LocatorKey, std::size_t> used;
     for (auto page = document.GetPagesBegin(); page != document.GetPagesEnd(); ++page) {
         const auto* const pageSource = dynamic_cast<const PdfPageSource*>(page->GetSource());
         const auto entry = pageSource ? entries.find(GetKey(pageSource->GetLocator())) : entries.end();
@@ -56,9 +57,9 @@ std::vector<PageEntry> FindPageObjects(const OrvDoc::Document& document, const P
             found.push_back(MakeEmptyEntry(maker));
             continue;
         }
-        PageEntry taken = entry->second;
-        const bool isRepeated = !used.insert(entry->first).second;
-        if (isRepeated || !taken.dictionary.isIndirect()) {
+        const std::size_t turn = used[entry->first]++;
+        PageEntry taken = entry->second[std::min(turn, entry->second.size() - 1)];
+        if (turn > 0 || !taken.dictionary.isIndirect()) {
             taken.dictionary = maker.GetFile().makeIndirectObject(taken.dictionary.shallowCopy());
         }
         found.push_back(std::move(taken));

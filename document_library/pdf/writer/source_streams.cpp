@@ -1,6 +1,8 @@
 #include "pdf/writer/source_streams.h"
 
 #include <algorithm>
+#include <exception>
+#include <new>
 #include <string_view>
 
 #include <qpdf/Pl_Discard.hh>
@@ -23,15 +25,47 @@ namespace
 /// a picture that other programs still show in part is best left alone.
 bool CanBeDecoded(QPDFObjectHandle stream)
 {
+    // What the PDF library hasn't read from a file it decodes without a guard, so all that it throws is
+    // caught.
     if (stream.getDict().getKey("/Filter").isNull() && stream.getDict().getKey("/DecodeParms").isNull()) {
         return true;
     }
     try {
         Pl_Discard nowhere;
         return stream.pipeStreamData(&nowhere, nullptr, 0, qpdf_dl_specialized, true, false);
-    } catch (const QPDFExc&) {
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception&) {
         return false;
     }
+}
+
+/// Whether the filters are given by names. What they stand for doesn't matter here.
+bool HasFilterNames(QPDFObjectHandle dictionary)
+{
+    QPDFObjectHandle filter = dictionary.getKey("/Filter");
+    if (!filter.isArray()) {
+        return filter.isNull() || filter.isName();
+    }
+    const int count = filter.getArrayNItems();
+    for (int index = 0; index < count; ++index) {
+        if (!filter.getArrayItem(index).isName()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// The data stay as unreadable as they were, but in a form that other programs know. False if nothing is
+/// changed.
+bool NameUnknownFilter(QPDFObjectHandle stream)
+{
+    QPDFObjectHandle dictionary = stream.getDict();
+    if (HasFilterNames(dictionary)) {
+        return false;
+    }
+    dictionary.replaceKey("/Filter", QPDFObjectHandle::newName("/OrvUnknown"));
+    return true;
 }
 
 bool IsJpegPicture(QPDFObjectHandle stream)
@@ -104,7 +138,10 @@ std::vector<std::string> CheckSourceStreams(std::vector<QPDFObjectHandle> stream
         if (TrimPicture(stream)) {
             errors.push_back(DescribeObject(stream) + ": white space before the picture's data is left out");
         }
-        if (!CanBeDecoded(stream)) {
+        if (NameUnknownFilter(stream)) {
+            errors.push_back(DescribeObject(stream) +
+                             ": the filter, which has no name, is written as OrvUnknown");
+        } else if (!CanBeDecoded(stream)) {
             errors.push_back(Replace(stream, maker, source));
         }
         stream.setFilterOnWrite(false);

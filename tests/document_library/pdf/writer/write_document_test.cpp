@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <qpdf/Buffer.hh>
 #include <qpdf/QPDF.hh>
+#include <qpdf/QPDFWriter.hh>
 
 #include <orv_doc/errors.h>
 #include <orv_doc/layer_properties.h>
@@ -460,6 +462,23 @@ TEST_F(WriteDocument, KeepsSoundStreamsAsTheyAre)
     EXPECT_TRUE(
         Catalogue().getKey("/Private").getDict().getKey("/Filter").isNameAndEquals("/ASCIIHexDecode"));
     EXPECT_FALSE(Catalogue().getKey("/Metadata").getDict().hasKey("/Filter"));
+}
+
+TEST_F(WriteDocument, KeepsTheKeyOfAnEncryptedFileThatDoesNotSayItsLength)
+{
+    const std::string plain = PdfFileOfPages({"0 0 9 9 re f"});
+    QPDF source;
+    source.processMemoryFile("plain", plain.data(), plain.size());
+    QPDFWriter writer(source);
+    writer.setOutputMemory();
+    writer.setR3EncryptionParametersInsecure("", "owner", true, true, true, true, true, true, qpdf_r3p_full);
+    writer.write();
+    const std::unique_ptr<Buffer> buffer(writer.getBuffer());
+    std::string bytes(reinterpret_cast<const char*>(buffer->getBuffer()), buffer->getSize());
+    bytes.replace(bytes.find("/Length 128"), 11, "/Wength 128");
+    const auto document = ReadFile(bytes);
+    EXPECT_EQ(SaveAndRead(*document)->GetNumberOfPages(), 1u);
+    EXPECT_EQ(SavedContent(), "0 0 9 9 re\nf\n");
 }
 
 TEST_F(WriteDocument, KeepsNumberSignsInNames)
