@@ -70,10 +70,9 @@ ResourceReader::ReadShadingPattern(QPDFObjectHandle dictionary, std::string& pro
     } catch (const std::invalid_argument& failure) {
         matrixProblem = failure.what();
     }
-    if (!matrixProblem.empty()) {
+    // Other readers paint it all the same, as if there were none.
+    if (!matrixProblem.empty())
         problem = WithKey("Matrix", matrixProblem);
-        return nullptr;
-    }
     QPDFObjectHandle definition = dictionary.getKey("/Shading");
     std::string shadingProblem;
     pattern->shading =

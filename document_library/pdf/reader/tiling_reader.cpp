@@ -107,6 +107,10 @@ void PdfTiling::TellOddEntries(ErrorList& errors)
         errors.Add("PaintType is neither 1 nor 2; the pattern counts as coloured");
     if (!IsIntegerIn(GetEntry(handle, "/TilingType"), 1, 3))
         errors.Add("TilingType is not from 1 to 3; it counts as 1");
+    std::vector<std::string> matrixProblems;
+    ReadMatrix(GetEntry(handle, "/Matrix"), "Matrix", matrixProblems);
+    for (const std::string& problem : matrixProblems)
+        errors.Add(problem + "; it counts as missing");
     if (GetEntry(handle, "/BBox").isNull())
         errors.Add("BBox is missing");
     for (const char* const key : {"/XStep", "/YStep"}) {
@@ -122,8 +126,9 @@ std::shared_ptr<const PatternPaint> PdfTiling::MakePaint(const std::shared_ptr<C
     const SourceFile::Access access(document.GetFile());
     QPDFObjectHandle handle = stream.GetStream();
     std::vector<std::string> problems;
+    std::vector<std::string> toldAlready;
     PatternPaint::Factory factory(content);
-    factory.SetTransformation(ReadMatrix(GetEntry(handle, "/Matrix"), "Matrix", problems))
+    factory.SetTransformation(ReadMatrix(GetEntry(handle, "/Matrix"), "Matrix", toldAlready))
         .SetCellClip(ReadRectangle(GetEntry(handle, "/BBox"), "BBox", problems))
         .SetStep({ReadStep(GetEntry(handle, "/XStep")), ReadStep(GetEntry(handle, "/YStep"))})
         .SetTilingType(ReadTilingType(GetEntry(handle, "/TilingType")))
