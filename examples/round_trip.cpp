@@ -19,6 +19,7 @@
 #include <exception>
 #include <iostream>
 #include <memory>
+#include <new>
 #include <ostream>
 #include <stdexcept>
 #include <string>
@@ -57,6 +58,13 @@ void EmptyScratchDocument()
         delete objects.first->ExtractFromParent();
 }
 
+void AddFailure(const std::string& file, const char* reason, Examples::RoundTripReport& report)
+{
+    EmptyScratchDocument();
+    report.AddFailure();
+    std::cerr << "round_trip: " << file << " failed: " << reason << "\n";
+}
+
 HarrowSupport::RoundTripResult MakeRoundTrip(const std::string& file,
                                              const Examples::CommandLine& commandLine)
 {
@@ -79,10 +87,10 @@ Examples::ExitCode MakeRoundTrips(const std::vector<std::string>& arguments, std
     for (const std::string& file : commandLine.operands) {
         try {
             report.AddResult(file, MakeRoundTrip(file, commandLine));
+        } catch (const std::bad_alloc&) {
+            AddFailure(file, Examples::NoMemory(), report);
         } catch (const std::exception& error) {
-            EmptyScratchDocument();
-            report.AddFailure();
-            std::cerr << "round_trip: " << file << " failed: " << error.what() << "\n";
+            AddFailure(file, error.what(), report);
         }
     }
     return report.Finish();

@@ -4,6 +4,7 @@
 
 #include <exception>
 #include <iostream>
+#include <new>
 #include <sstream>
 
 namespace Examples
@@ -27,6 +28,11 @@ int Trouble(const std::string& name, const std::string& message)
 
 } // namespace
 
+const char* NoMemory()
+{
+    return "there is not enough memory for it";
+}
+
 int RunProgram(const std::string& name, const std::string& usage, int argumentCount, char** arguments,
                const Program& program)
 {
@@ -44,6 +50,8 @@ int RunProgram(const std::string& name, const std::string& usage, int argumentCo
         return static_cast<int>(answer);
     } catch (const UsageError& error) {
         return Trouble(name, std::string(error.what()) + "; " + name + " --help tells how to call it");
+    } catch (const std::bad_alloc&) {
+        return Trouble(name, NoMemory());
     } catch (const std::exception& error) {
         return Trouble(name, error.what());
     } catch (...) {

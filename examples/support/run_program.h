@@ -16,6 +16,9 @@ enum class ExitCode
     Trouble = 2,
 };
 
+/// What is told when memory runs out.
+const char* NoMemory();
+
 /// A program: gets its arguments without its own name, writes its output to the stream, and answers.
 using Program = std::function<ExitCode(const std::vector<std::string>& arguments, std::ostream& output)>;
 
