@@ -27,7 +27,7 @@ namespace
 {
 
 constexpr std::string_view HeaderMark = "%PDF-";
-constexpr const char* NoHeader = "this is no PDF file: it has no %PDF header";
+constexpr std::string_view TableMark = "startxref";
 
 bool HasHeader(std::string_view bytes)
 {
@@ -75,8 +75,11 @@ std::shared_ptr<const SourceFile> SourceFile::Open(const boost::filesystem::path
     opened->ReadBytes();
     if (opened->size == 0)
         opened->Fail("the file is empty");
-    if (!HasHeader(opened->GetBytes()) && !MayHaveCatalogue(opened->GetBytes()))
-        opened->Fail(NoHeader);
+    // Some readers open files whose header was lost, as long as the end of the file leads to the objects.
+    if (opened->GetBytes().find(HeaderMark) == std::string_view::npos &&
+        opened->GetBytes().find(TableMark) == std::string_view::npos) {
+        opened->Fail("this is no PDF file: it has no %PDF header");
+    }
     opened->OpenObjects();
     return opened;
 }
