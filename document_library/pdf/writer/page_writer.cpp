@@ -10,6 +10,7 @@
 
 #include "pdf/reader/page_source.h"
 #include "pdf/reader/qpdf_text.h"
+#include "pdf/writer/appearance_resources.h"
 #include "pdf/writer/box_object.h"
 #include "pdf/writer/content_cleaning.h"
 #include "pdf/writer/nested_writer.h"
@@ -161,7 +162,9 @@ void PageWriter::WriteContentAnew(WrittenContent& content, QPDFObjectHandle dict
     } else {
         dictionary.replaceKey("/Contents", maker.MakeStream(content.bytes));
     }
-    dictionary.replaceKey("/Resources", resources.Make(content, dictionary.getKey("/Resources")));
+    const QPDFObjectHandle before = dictionary.getKey("/Resources");
+    GiveResourcesToAppearances(dictionary, before);
+    dictionary.replaceKey("/Resources", resources.Make(content, before));
 }
 
 } // namespace OrvPdf

@@ -234,6 +234,26 @@ TEST_F(WriteDocument, ReplacesTheResourcesThatItSaysAnewAndKeepsTheOthers)
     EXPECT_TRUE(resources.hasKey("/ProcSet"));
 }
 
+TEST_F(WriteDocument, GivesItsFormerResourcesToAppearancesThatHaveNone)
+{
+    const std::string page = "<</Type/Page/Parent 2 0 R/MediaBox[0 0 9 9]/Contents 4 0 R"
+                             "/Resources<</Font<</F 9 0 R>>>>/Annots[5 0 R 6 0 R]>>";
+    const auto document = ReadFile(
+        PdfFile({"<</Type/Catalog/Pages 2 0 R>>", "<</Type/Pages/Kids[3 0 R]/Count 1>>", page,
+                 PdfStream("0 0 1 1 re f"), "<</Type/Annot/Subtype/Stamp/Rect[0 0 9 9]/AP<</N 7 0 R>>>>",
+                 "<</Type/Annot/Subtype/Widget/Rect[0 0 9 9]/AP<</N<</On 8 0 R>>>>>>",
+                 PdfStream("BT /F 9 Tf (a) Tj ET", "/Subtype/Form/BBox[0 0 9 9]"),
+                 PdfStream("", "/Subtype/Form/BBox[0 0 9 9]/Resources<<>>"),
+                 "<</Type/Font/Subtype/Type1/BaseFont/Helvetica>>"}));
+    Save(*document);
+    QPDFObjectHandle annotations = SavedPage().getKey("/Annots");
+    QPDFObjectHandle without = annotations.getArrayItem(0).getKey("/AP").getKey("/N").getDict();
+    EXPECT_TRUE(without.getKey("/Resources").getKey("/Font").hasKey("/F"));
+    QPDFObjectHandle with = annotations.getArrayItem(1).getKey("/AP").getKey("/N").getKey("/On").getDict();
+    EXPECT_TRUE(with.getKey("/Resources").getKeys().empty());
+    EXPECT_FALSE(SavedPage().getKey("/Resources").hasKey("/Font"));
+}
+
 TEST_F(WriteDocument, KeepsWhatHasNoPlaceInTheModel)
 {
     const auto document =
