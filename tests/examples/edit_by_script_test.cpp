@@ -307,7 +307,7 @@ TEST_F(EditByScript, SavesToTheFileThatItReads)
 
 TEST_F(EditByScript, RefusesALossByAnEdit)
 {
-    const std::string file = folder.Write("in.pdf", FileWithStrokeAdjustment(Triangle("10 10")));
+    const std::string file = folder.Write("in.pdf", FileWithUnmodelled(Triangle("10 10")));
     const ProcessResult result = Edit(file, "1.1\nFlag\n$set-name\n$list\n");
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_EQ(result.output, "");
@@ -319,7 +319,7 @@ TEST_F(EditByScript, RefusesALossByAnEdit)
 
 TEST_F(EditByScript, AcceptsALossIfAskedTo)
 {
-    const std::string file = folder.Write("in.pdf", FileWithStrokeAdjustment(Triangle("10 10")));
+    const std::string file = folder.Write("in.pdf", FileWithUnmodelled(Triangle("10 10")));
     const ProcessResult result = Edit(file, "1.1\nFlag\n$set-name\n", {"--accept-loss"});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_THAT(result.errors, AllOf(StartsWith("error\tpage 1\t"), EndsWith("was not read of it\n")));
@@ -329,11 +329,22 @@ TEST_F(EditByScript, AcceptsALossIfAskedTo)
 TEST_F(EditByScript, LosesNothingOfAPageThatItDoesNotChange)
 {
     const std::string file =
-        folder.Write("in.pdf", PdfFileOfPages({"/Adjusted gs " + Triangle("10 10"), Triangle("10 10")}, "",
-                                              "/ExtGState << /Adjusted << /SA true >> >>"));
+        folder.Write("in.pdf", PdfFileOfPages({unmodelled + Triangle("10 10"), Triangle("10 10")}));
     const ProcessResult result = Edit(file, "2.1\nFlag\n$set-name\n$list\n");
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors, "");
+}
+
+TEST_F(EditByScript, KeepsParametersThatTheModelHasNoPlaceFor)
+{
+    const std::string file =
+        folder.Write("in.pdf", PdfFileOfPages({"/Adjusted gs " + Triangle("10 10")}, "",
+                                              "/ExtGState << /Adjusted << /SA true >> >>"));
+    const ProcessResult result = Edit(file, "1.1\nFlag\n$set-name\n");
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, "");
+    const ProcessResult objects = RunProcess({"qpdf", "--qdf", "--object-streams=disable", out, "-"});
+    EXPECT_THAT(objects.output, HasSubstr("/SA true"));
 }
 
 TEST_F(EditByScript, TakesNothingForALossThatCannotBeWrittenAnyway)

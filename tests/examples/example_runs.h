@@ -44,11 +44,14 @@ inline std::string Triangle(const std::string& corner)
     return corner + " m 90 10 l 90 90 l f\n";
 }
 
-/// A file with a page that sets automatic stroke adjustment, for which the model has no place, before the
-/// given content.
-inline std::string FileWithStrokeAdjustment(const std::string& content)
+/// A part of a content for which the model has no place: an operator of a program's own, as the standard
+/// allows it.
+constexpr const char* unmodelled = "BX wobble EX\n";
+
+/// A file with a page that begins with such a part, before the given content.
+inline std::string FileWithUnmodelled(const std::string& content)
 {
-    return PdfFileOfPages({"/Adjusted gs " + content}, "", "/ExtGState << /Adjusted << /SA true >> >>");
+    return PdfFileOfPages({unmodelled + content});
 }
 
 } // namespace HarrowSupport::Testing

@@ -60,9 +60,8 @@ TEST_F(SaveAndReopenExample, ListsAndCountsActiveErrorsByPage)
 TEST_F(SaveAndReopenExample, FindsWhatStandsBehindAnUnclosedArrayAgain)
 {
     // The operator that closes the array takes effect; what is kept of the content must still have it.
-    const std::string content = "q 1 0 0 1 5 5 cm [3 0 Q " + Triangle("10 10") + "/Adjusted gs";
-    const std::string file =
-        folder.Write("odd.pdf", PdfFileOfPages({content}, "", "/ExtGState << /Adjusted << /SA true >> >>"));
+    const std::string content = "q 1 0 0 1 5 5 cm [3 0 Q " + Triangle("10 10") + unmodelled;
+    const std::string file = folder.Write("odd.pdf", PdfFileOfPages({content}));
     const ProcessResult result = Run({file});
     EXPECT_EQ(result.exitCode, 0) << result.output;
     EXPECT_THAT(result.output, HasSubstr("array or dictionary without end"));
@@ -92,16 +91,15 @@ TEST_F(SaveAndReopenExample, KeepsWhatWasSaved)
 TEST_F(SaveAndReopenExample, KeepsTheContentOfAPageThatItCouldNotReadWhole)
 {
     const std::string kept = folder.NameOf("kept.pdf");
-    ASSERT_EQ(
-        Run({"--keep", kept, folder.Write("odd.pdf", FileWithStrokeAdjustment(Triangle("10 10")))}).exitCode,
-        0);
+    ASSERT_EQ(Run({"--keep", kept, folder.Write("odd.pdf", FileWithUnmodelled(Triangle("10 10")))}).exitCode,
+              0);
     EXPECT_THAT(Run({kept}).errors, HasSubstr("1 active error, "));
 }
 
 TEST_F(SaveAndReopenExample, WritesSuchAContentAnewIfAsked)
 {
     const std::string kept = folder.NameOf("kept.pdf");
-    const std::string file = folder.Write("odd.pdf", FileWithStrokeAdjustment(Triangle("10 10")));
+    const std::string file = folder.Write("odd.pdf", FileWithUnmodelled(Triangle("10 10")));
     ASSERT_EQ(Run({"--rewrite", "--keep", kept, file}).exitCode, 0);
     EXPECT_THAT(Run({kept}).errors, HasSubstr("0 active errors, "));
 }

@@ -20,6 +20,7 @@ namespace OrvPdf
 {
 
 class ContentResources;
+class ForeignObjects;
 struct GraphicsState;
 struct NestedReading;
 
@@ -47,6 +48,8 @@ struct Interpretation
     std::uint32_t usedParameters = 0;
     /// What a glyph without a colour of its own says that it paints; initial for others.
     Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> glyphBox;
+    /// Null if no object has foreign parameters.
+    std::shared_ptr<const ForeignObjects> foreign;
     /// The contents inside of this one that have something to tell, each once, in order of their first use.
     std::vector<std::shared_ptr<const NestedReading>> nested;
 };

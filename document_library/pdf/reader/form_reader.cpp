@@ -222,6 +222,7 @@ GroupUse PdfForm::TakeGroup(const GraphicsState& state, const Matrix& around)
     GroupUse use;
     use.reading = stream.Tell(reading);
     use.usedParameters = usedParameters;
+    use.foreign = reading.interpretation.foreign;
     group->ExtractFromParent();
     use.group.reset(group);
     group->SetTransparency(

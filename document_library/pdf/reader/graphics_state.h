@@ -13,6 +13,7 @@
 #include <orv_paint/paint.h>
 
 #include "pdf/reader/content_resources.h"
+#include "pdf/reader/foreign_parameters.h"
 #include "pdf/reader/group_recipe.h"
 #include "pdf/reader/transfer_functions_in_force.h"
 
@@ -85,6 +86,8 @@ struct GraphicsState
     /// Null for those of the device.
     std::shared_ptr<OrvDoc::HalftoneSet> halftones;
     TransferSetting transfer;
+    /// What the content itself has set.
+    ForeignParameters foreign;
     /// Never null.
     std::shared_ptr<const OrvDoc::StrokeProperties> strokeProperties;
     /// What still is as it was where the form is painted whose content this is: bits of `Inherited`.

@@ -69,6 +69,7 @@ GraphicsState BeginForm(const GraphicsState& state, bool isTransparencyGroup)
     GraphicsState nested = state;
     nested.matrix = Matrix();
     nested.inherited = Inherited::all;
+    nested.foreign = nullptr;
     for (PaintSetting* const setting : {&nested.fill, &nested.stroke}) {
         // That of a pattern is one for the coordinates around.
         setting->paint = setting->pattern ? nullptr : setting->paint;

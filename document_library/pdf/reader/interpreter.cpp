@@ -67,7 +67,8 @@ Interpreter::Interpreter(ContentResources& contentResources, const OrvDoc::ReadO
       problems(readLimits.errors),
       tree(content, readLimits.contentObjects, maximumGroupCopies),
       state(frame.initial ? *frame.initial : BeginPage()),
-      isGlyph(frame.isGlyph)
+      isGlyph(frame.isGlyph),
+      beginsWithUnknownState(frame.initial != nullptr)
 {
     if (!Plexa::IsIdentity(frame.base)) {
         bases.push_back({0, frame.base});
@@ -91,6 +92,9 @@ Interpretation Interpreter::Run(std::string_view stream)
     interpretation.usedParameters = usedParameters;
     interpretation.glyphBox = glyphBox;
     interpretation.nested = std::move(nested);
+    if (!foreignObjects.IsEmpty()) {
+        interpretation.foreign = std::make_shared<const ForeignObjects>(std::move(foreignObjects));
+    }
     return interpretation;
 }
 

@@ -286,7 +286,9 @@ private:
                         const Arguments& arguments);
 
     // parameter_operators.cpp
-    void ApplyParameter(const std::string& key, const OrvSys::PdfObject& value, const Arguments& arguments);
+    /// `foreign` takes up what the model has no place for.
+    void ApplyParameter(const std::string& key, const OrvSys::PdfObject& value,
+                        OrvSys::PdfObject::Entries& foreign, const Arguments& arguments);
     bool ApplyStrokeParameter(const std::string& key, const OrvSys::PdfObject& value);
     bool ApplyDashParameter(const OrvSys::PdfObject& value, const Arguments& arguments);
     void ApplyFont(const Arguments& arguments);
@@ -307,6 +309,8 @@ private:
     void SetBlending(OrvDoc::Blendable& object, const ObjectAttributes& attributes, BlendSetting& setting);
 
     // halftone_parameters.cpp
+    /// Parameters that the model has no place for.
+    void ApplyForeignParameters(OrvSys::PdfObject::Entries parameters, const Arguments& arguments);
     void ApplyHalftones(const OrvSys::PdfObject& parameters, const Arguments& arguments);
 
     // transfer_parameters.cpp
@@ -370,6 +374,8 @@ private:
     PaintCache paints;
     TransparencyCache transparencies;
     HalftoneCache halftones;
+    ForeignParameterCache foreignParameters;
+    ForeignObjects foreignObjects;
     TransferFunctionsInForce transferFunctions;
     ResourceCache<OrvColor::ColorSpace::Pointer> spaces;
     /// The device spaces or what stands in for them, by family, once they have been had without a problem.
@@ -406,6 +412,8 @@ private:
     std::uint64_t latestPathOperation = 0;
 
     const bool isGlyph;
+    /// The content is painted inside of another one, whose state is none of its own.
+    const bool beginsWithUnknownState;
     Plexa::RectangleBase<Plexa::MilliPointCoordinateSystem> glyphBox;
     /// What is painted has the colours from around.
     bool isColorFixed = false;

@@ -25,6 +25,7 @@ class PatternPaint;
 namespace OrvPdf
 {
 
+class ForeignObjects;
 struct GraphicsState;
 
 /// What reading a content met that lies inside of others: a form, the cell of a pattern, a soft mask.
@@ -59,6 +60,8 @@ struct GroupUse
 {
     /// Null for none. Its transparency has the flags of the form's group.
     std::unique_ptr<OrvDoc::Group> group;
+    /// Of the objects in it; null for none.
+    std::shared_ptr<const ForeignObjects> foreign;
     /// As for a form.
     std::uint32_t usedParameters = 0;
     std::shared_ptr<const NestedReading> reading;

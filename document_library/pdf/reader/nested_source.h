@@ -11,6 +11,8 @@
 namespace OrvPdf
 {
 
+class ForeignObjects;
+
 /// Where the content of a form, a pattern or a soft mask comes from, for who writes it again.
 class NestedSource : public OrvDoc::Detail::ContentSource
 {
@@ -30,6 +32,8 @@ public:
     std::uint32_t usedParameters = 0;
     /// Whether it has something that the model has no place for.
     bool hasUnmodelled = false;
+    /// Null if no object has foreign parameters.
+    std::shared_ptr<const ForeignObjects> foreign;
     /// The content's revision when it came out of the file.
     std::uint64_t baseRevision = 0;
 

@@ -122,6 +122,7 @@ void NestedStream::Describe(const Reading& reading, NestedSource& source) const
     source.isSelfContained = !reading.isCut && !reading.usesResourcesAround;
     source.hasUnmodelled = reading.interpretation.hasUnmodelled;
     source.baseRevision = reading.content->GetRevision();
+    source.foreign = reading.interpretation.foreign;
 }
 
 std::unique_ptr<NestedSource> NestedStream::MakeSource(const Reading& reading) const

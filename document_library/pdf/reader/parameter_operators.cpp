@@ -61,11 +61,9 @@ bool IsCapOrJoin(double number)
 
 void Interpreter::SetRenderingIntent(const Arguments& arguments)
 {
-    TakeRenderingIntent(std::string(arguments[0].Text()));
-    if (arguments[0].Text() != "RelativeColorimetric") {
-        problems.Unmodelled("ri", "rendering intents of vector objects are not modelled", arguments[0].Text(),
-                            arguments.Place());
-    }
+    const std::string name(arguments[0].Text());
+    TakeRenderingIntent(name);
+    ApplyForeignParameters({{"RI", PdfObject::Name(name)}}, arguments);
 }
 
 void Interpreter::TakeRenderingIntent(const std::string& name)
@@ -81,8 +79,8 @@ void Interpreter::SetFlatness(const Arguments& arguments)
     const double flatness = arguments[0].AsNumber();
     if (flatness < 0.0 || flatness > 100.0) {
         problems.Damaged("i", "a flatness outside of 0 to 100", {}, arguments.Place());
-    } else if (flatness > 1.0) {
-        problems.Unmodelled("i", "flatness is not modelled", {}, arguments.Place());
+    } else {
+        ApplyForeignParameters({{"FL", PdfObject::Real(flatness)}}, arguments);
     }
 }
 
@@ -107,12 +105,15 @@ void Interpreter::SetParameters(const Arguments& arguments)
     }
     ApplyHalftones(parameters, arguments);
     ApplyTransferFunctions(parameters, arguments);
+    PdfObject::Entries foreign;
     for (const auto& [key, value] : parameters.GetEntries()) {
-        ApplyParameter(key, value, arguments);
+        ApplyParameter(key, value, foreign, arguments);
     }
+    ApplyForeignParameters(std::move(foreign), arguments);
 }
 
-void Interpreter::ApplyParameter(const std::string& key, const PdfObject& value, const Arguments& arguments)
+void Interpreter::ApplyParameter(const std::string& key, const PdfObject& value, PdfObject::Entries& foreign,
+                                 const Arguments& arguments)
 {
     bool isWell = true;
     if (key == "RI" && value.IsName()) {
@@ -130,11 +131,29 @@ void Interpreter::ApplyParameter(const std::string& key, const PdfObject& value,
         ApplyFont(arguments);
     } else if (key == "BM" || key == "CA" || key == "ca" || key == "AIS") {
         isWell = ApplyBlendParameter(key, value, arguments);
-    } else if (!IsPartOfOthers(key) && !IsNeutralParameter(key, value)) {
-        problems.Unmodelled("gs", "parameter " + Readable(key) + " is not modelled", {}, arguments.Place());
+    } else if (value.IsName(unresolvedValue)) {
+        problems.Unmodelled("gs", "parameter " + Readable(key) + " cannot be read", {}, arguments.Place());
+    } else if (!IsPartOfOthers(key) && key != "Type") {
+        foreign[key] = value;
     }
     if (!isWell) {
         problems.Odd("gs", "parameter " + key + " is malformed and left out", {}, arguments.Place());
+    }
+}
+
+// A page begins with the initial values. Another content may be painted where they are others, so that there
+// also those count that seem to change nothing.
+void Interpreter::ApplyForeignParameters(PdfObject::Entries parameters, const Arguments& arguments)
+{
+    for (auto& [key, value] : parameters) {
+        if (!beginsWithUnknownState && IsNeutralParameter(key, value)) {
+            value = PdfObject::Null();
+        }
+    }
+    if (!foreignParameters.Change(state.foreign, parameters)) {
+        problems.Unmodelled(arguments.OperatorText(),
+                            "there are too many parameters that the model has no place for", {},
+                            arguments.Place());
     }
 }
 

@@ -238,6 +238,7 @@ void Interpreter::PlacePath(std::shared_ptr<const Plexa::Compound> compound, boo
     if (isPainted || attributes.halftones) {
         object->SetHalftoneSet(state.halftones);
     }
+    foreignObjects.Add(object->GetID(), state.foreign);
     SetBlending(*object, attributes);
     ownClipsLeft = 0;
     EndRun();

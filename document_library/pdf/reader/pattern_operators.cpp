@@ -155,6 +155,7 @@ void Interpreter::PaintShading(const Arguments& arguments)
     MarkUsed(Inherited::fillOverprint | Inherited::overprintMode | Inherited::painting);
     NotePainting();
     object->SetHalftoneSet(state.halftones);
+    foreignObjects.Add(object->GetID(), state.foreign);
     SetBlending(*object, ObjectAttributes());
     ownClipsLeft = 0;
     EndRun();

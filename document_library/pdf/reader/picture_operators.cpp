@@ -147,6 +147,7 @@ void Interpreter::PaintPicture(PictureResource& picture)
     if (!Plexa::IsIdentity(state.matrix)) {
         object->SetTransformation(state.matrix);
     }
+    foreignObjects.Add(object->GetID(), state.foreign);
     SetBlending(*object, attributes);
     ownClipsLeft = 0;
     tree.Place(std::move(object));

@@ -57,6 +57,7 @@ public:
     std::shared_ptr<const OrvDoc::StrokeProperties> strokeProperties;
     std::shared_ptr<OrvDoc::HalftoneSet> halftones;
     std::shared_ptr<const OrvDoc::TransferFunctionSet> transferFunctions;
+    ForeignParameters foreign;
     BlendSetting blending;
 
 private:

@@ -119,7 +119,7 @@ bool Interpreter::IsRunOfState()
            (!StrokesText(mode) ||
             (run.stroke == GetPaint(state.stroke) && run.strokeProperties == state.strokeProperties)) &&
            run.halftones == state.halftones && run.blending.value == state.blending.value &&
-           run.transferFunctions == state.transfer.functions;
+           run.transferFunctions == state.transfer.functions && run.foreign == state.foreign;
 }
 
 bool Interpreter::FollowLine()
@@ -153,6 +153,7 @@ void Interpreter::OpenRun()
     run.halftones = state.halftones;
     run.blending = state.blending;
     run.transferFunctions = state.transfer.functions;
+    run.foreign = state.foreign;
     const int mode = state.text.mode;
     if (FillsText(mode)) {
         MarkUsed(Inherited::fill);
@@ -213,6 +214,7 @@ const OrvDoc::Text* Interpreter::PlaceText(TextRun& run)
     if (isPainted || attributes.halftones) {
         object->SetHalftoneSet(run.halftones);
     }
+    foreignObjects.Add(object->GetID(), run.foreign);
     SetBlending(*object, attributes, run.blending);
     ownClipsLeft = 0;
     const OrvDoc::Text* const placed = object.get();

@@ -67,6 +67,10 @@ void Interpreter::PlaceGroup(GroupUse use)
     if ((use.usedParameters & Inherited::transferFunctions) != 0) {
         NotePainting();
     }
+    foreignObjects.Add(group.GetID(), state.foreign);
+    if (use.foreign) {
+        foreignObjects.Add(*use.foreign);
+    }
     SetGroupBlending(group, group.GetTransparency()->isolated, group.GetTransparency()->knockout);
     if (!Plexa::IsIdentity(state.matrix)) {
         group.SetTransformation(Plexa::Concatenate(group.GetTransformation(), state.matrix));
@@ -88,6 +92,7 @@ void Interpreter::PlaceForm(const FormUse& use, const Matrix& matrix)
         object->SetTransformation(matrix);
     }
     object->SetFillPaint(use.paint);
+    foreignObjects.Add(object->GetID(), state.foreign);
     if (use.isGroup) {
         SetGroupBlending(*object, use.isIsolated, use.isKnockout);
     }

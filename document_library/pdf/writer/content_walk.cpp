@@ -174,7 +174,7 @@ void ContentWalk::BeginContent(const OrvDoc::Content& content)
 
 void ContentWalk::EndContainer()
 {
-    LeaveSharedMatrix();
+    LeaveForeignParameters();
     const Container container = containers.back();
     containers.pop_back();
     if (container.endsTextObject) {
@@ -191,6 +191,7 @@ void ContentWalk::EndContainer()
 
 void ContentWalk::Write(const OrvDoc::Content& content)
 {
+    foreignObjects = FindForeignObjects(content);
     BeginTransferFunctions(content);
     BeginContent(content);
     WriteContainers();
@@ -200,6 +201,7 @@ void ContentWalk::Write(const OrvDoc::Content& content)
 void ContentWalk::Write(const OrvDoc::Group& group, const Matrix& base)
 {
     groupOfForm = &group;
+    foreignObjects = group.GetContent() ? FindForeignObjects(*group.GetContent()) : nullptr;
     if (!Plexa::IsIdentity(base)) {
         states.Concatenate(base);
         states.SetBase();

@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <tuple>
+#include <unordered_map>
 #include <vector>
 
 #include <orv_blend/transparency.h>
@@ -25,6 +26,7 @@
 namespace OrvPdf
 {
 
+class ForeignObjects;
 class GlyphSource;
 
 /// The matrix that all texts of a text group stand under; null if there is no such one, if it has no inverse,
@@ -60,6 +62,9 @@ struct Clip
 /// others.
 const GlyphSource* FindShownGlyph(const OrvDoc::Path& path);
 
+/// The objects of a content with parameters that the model has no place for; null if there are none.
+const ForeignObjects* FindForeignObjects(const OrvDoc::Content& content);
+
 /// Whether a text group says more than which texts it holds.
 bool HasAttributesOfGroup(const OrvDoc::TextGroup& group);
 
@@ -88,6 +93,8 @@ struct Container
     /// Its texts belong to the text group that it says it is.
     bool isTextGroup = false;
     bool endsTextObject = false;
+    /// Those that a level is open for; null for none.
+    const OrvSys::PdfObject* foreignParameters = nullptr;
 };
 
 /// The walk through a content that writes it; see `WriteContent`. Containers stand in `content_walk.cpp`,
@@ -132,6 +139,14 @@ private:
     void LeaveSharedMatrix();
     void PrepareGroup(const OrvDoc::Group& group);
     void EnterMatrix(const Matrix& wanted);
+
+    // What the model has no place for. It stands in levels of its own, since most of it has no value that
+    // takes it back.
+    void EnterForeignParameters(const OrvDoc::ContentObject& object);
+    /// Leaves the shared matrix too, which stands inside.
+    void LeaveForeignParameters();
+    /// The index in the resources.
+    std::size_t AddForeignParameters(const OrvSys::PdfObject& parameters);
 
     // Containers.
     void BeginTransferFunctions(const OrvDoc::Content& content);
@@ -214,8 +229,11 @@ private:
     std::string pathOperators;
     std::map<std::tuple<const void*, bool, bool, bool>, std::size_t> formIndices;
     std::map<const void*, std::size_t> pictureIndices;
+    std::unordered_multimap<std::uint64_t, std::size_t> foreignIndices;
     /// The group that the form is for; null if it is for none.
     const OrvDoc::Group* groupOfForm = nullptr;
+    /// Of the content that the objects stand in; null if there are none.
+    const ForeignObjects* foreignObjects = nullptr;
     UsedFonts fonts;
     /// A text object is open: matrices and levels stay as they are.
     bool isInTextObject = false;

@@ -104,6 +104,7 @@ bool ContentWalk::WriteForm(const Path& path)
     if (path.GetHalftoneSet()) {
         Refuse(path, "halftones of paths that are filled with a form are left out");
     }
+    EnterForeignParameters(path);
     const OrvBlend::Transparency blending = GetBlending(path);
     const bool usesOverprint = UsesOverprint(*reference.paint);
     const auto findParameters = [&] { return states.FindFormParameters(blending, usesOverprint); };
@@ -135,6 +136,7 @@ bool ContentWalk::WriteAsForm(const OrvDoc::Group& group)
     }
     // Inside of the form there is no way out of a matrix without inverse.
     PrepareGroup(group);
+    EnterForeignParameters(group);
     const OrvBlend::Transparency blending = GetBlending(group);
     const auto findParameters = [&] { return states.FindFormParameters(blending, false); };
     if (GoToMatrix(Matrix(), findParameters, true, group)) {

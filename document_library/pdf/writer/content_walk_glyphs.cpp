@@ -64,8 +64,11 @@ bool ContentWalk::WriteGlyph(const Path& path)
         }
         return false;
     }
-    if (!isInTextObject && !LeaveMatrix(Matrix(), path)) {
-        return false;
+    if (!isInTextObject) {
+        EnterForeignParameters(path);
+        if (!LeaveMatrix(Matrix(), path)) {
+            return false;
+        }
     }
     const PaintSettings* settings = nullptr;
     if (source->fill) {

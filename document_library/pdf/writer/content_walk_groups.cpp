@@ -41,6 +41,10 @@ const Matrix* FindFirstMatrix(const OrvDoc::Group& group)
 
 void ContentWalk::PrepareGroup(const OrvDoc::Group& group)
 {
+    // What is in the group has parameters of its own, or none.
+    if (containers.back().foreignParameters) {
+        LeaveForeignParameters();
+    }
     const Matrix* const first = FindFirstMatrix(group);
     const bool isOther = first && !AreIdentical(*first, states.GetMatrix());
     // Inside of the group there is no way out of a matrix without inverse.
@@ -155,6 +159,9 @@ bool ContentWalk::TryClipGroup(const OrvDoc::Group& group)
             return false;
         }
         clip.operators = pathOperators;
+    }
+    if (containers.back().foreignParameters) {
+        LeaveForeignParameters();
     }
     if (!LeaveMatrix(clip.GetMatrix(), group)) {
         return true;

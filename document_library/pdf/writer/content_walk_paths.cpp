@@ -97,6 +97,9 @@ bool ContentWalk::SetPainting(const OrvDoc::Strokable& object, ObjectPainting& p
     if (painting.stroke && !IsFinite(object.GetStrokeProperties())) {
         return Refuse(object, "objects with infinite stroke properties cannot be written");
     }
+    if (!isInTextObject) {
+        EnterForeignParameters(object);
+    }
     painting.blending = GetBlending(object);
     painting.halftones = GetHalftones(object, object.GetHalftoneSet());
     const std::shared_ptr<OrvDoc::HalftoneSet>* const stated =

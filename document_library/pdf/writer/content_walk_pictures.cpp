@@ -49,6 +49,7 @@ void ContentWalk::WritePicture(const OrvDoc::Blendable& object, const ObjectPain
         Refuse(object, "objects with infinite numbers in their matrix cannot be written");
         return;
     }
+    EnterForeignParameters(object);
     const auto findParameters = [&] {
         return states.FindParameters(painting.fill, nullptr, painting.blending, &painting.halftones);
     };

@@ -9,6 +9,7 @@
 #include "orv_font/font_source.h"
 #include "pdf/marked_content_tags.h"
 #include "pdf/matrix_numbers.h"
+#include "pdf/reader/foreign_parameters.h"
 #include "pdf/writer/content_text.h"
 #include "pdf/writer/text_operators.h"
 
@@ -47,30 +48,57 @@ bool IsMereMark(const Group& group)
            Plexa::IsIdentity(group.GetTransformation());
 }
 
-/// Whether all that a group holds can stand in one text object under that matrix: texts, and marks around
-/// texts. A soft mask is set under the matrix of the container, which nothing leads to from there.
-bool FitsTextObject(const Group& group, const Matrix*& matrix, int depth)
+/// What stands around all objects of a text object.
+class TextSurroundings
+{
+public:
+    explicit TextSurroundings(const ForeignObjects* objects) : foreignObjects(objects) {}
+
+    /// One of the objects; null if there is none yet.
+    const ContentObject* object = nullptr;
+    Matrix matrix;
+
+    /// Whether another object can stand there as well.
+    bool Fits(const ContentObject& other, const Matrix& itsMatrix)
+    {
+        if (!object) {
+            object = &other;
+            matrix = itsMatrix;
+        }
+        return AreIdentical(matrix, itsMatrix) &&
+               AreSameForeignParameters(FindForeignParameters(*object), FindForeignParameters(other));
+    }
+
+private:
+    const OrvSys::PdfObject* FindForeignParameters(const ContentObject& ofObject) const
+    {
+        return foreignObjects ? foreignObjects->Find(ofObject.GetID()) : nullptr;
+    }
+
+    const ForeignObjects* foreignObjects;
+};
+
+/// Whether all that a group holds can stand in one text object there: texts, and marks around texts. A soft
+/// mask is set under the matrix of the container, which nothing leads to from there.
+bool FitsTextObject(const Group& group, TextSurroundings& around, int depth)
 {
     for (const ContentObject* object = group.children.first; object; object = object->next) {
         if (const auto* const text = dynamic_cast<const Text*>(object)) {
-            matrix = matrix ? matrix : &text->GetTransformation();
             const bool hasMask = text->GetTransparency() && text->GetTransparency()->softMask;
-            if (!AreIdentical(*matrix, text->GetTransformation()) || hasMask) {
+            if (!around.Fits(*text, text->GetTransformation()) || hasMask) {
                 return false;
             }
             continue;
         }
         const auto* const path = dynamic_cast<const OrvDoc::Path*>(object);
         if (path && FindShownGlyph(*path)) {
-            static const Matrix identity;
-            matrix = matrix ? matrix : &identity;
-            if (!Plexa::IsIdentity(*matrix)) {
+            if (!around.Fits(*path, Matrix())) {
                 return false;
             }
             continue;
         }
         const auto* const inner = dynamic_cast<const Group*>(object);
-        if (!inner || depth == 0 || !IsMereMark(*inner) || !FitsTextObject(*inner, matrix, depth - 1)) {
+        if (!inner || depth == 0 || !IsMereMark(*inner) || !FitsTextObject(*inner, around, depth - 1)) {
             return false;
         }
     }
@@ -201,12 +229,15 @@ bool ContentWalk::Visit(const Text& text)
 
 bool ContentWalk::TryTextObject(const TextGroup& group)
 {
-    const Matrix* matrix = nullptr;
+    TextSurroundings around(foreignObjects);
     if (group.IsClippingObject() || HasAttributesOfGroup(group) || containers.back().isTextGroup ||
-        !FitsTextObject(group, matrix, maximumMarkDepth)) {
+        !FitsTextObject(group, around, maximumMarkDepth)) {
         return false;
     }
-    const Matrix wanted = matrix && IsFinite(*matrix) ? *matrix : states.GetMatrix();
+    if (around.object) {
+        EnterForeignParameters(*around.object);
+    }
+    const Matrix wanted = around.object && IsFinite(around.matrix) ? around.matrix : states.GetMatrix();
     if (!LeaveMatrix(wanted, group)) {
         return true;
     }

@@ -6,6 +6,7 @@
 #include <orv_color/color_space.h>
 #include <orv_doc/layer.h>
 #include <orv_doc/marked_content.h>
+#include <orv_sys/pdf_object.h>
 
 #include "pdf/writer/graphics_state_writer.h"
 #include "pdf/writer/nested_reference.h"
@@ -36,6 +37,7 @@ struct WrittenContent
     std::vector<ExtGState> graphicsStates;                  ///< `gs`
     /// `tr`, without an index.
     boost::optional<OrvDoc::TransferFunctionSet> transferFunctions;
+    std::vector<OrvSys::PdfObject> foreignParameters; ///< `fp`
     std::vector<OrvDoc::Layer::Membership> layers;    ///< `oc`
     std::vector<OrvDoc::MarkedContent> propertyLists; ///< `mc`
     std::vector<FormReference> forms;                 ///< `fm`

@@ -183,4 +183,12 @@ QPDFObjectHandle MakeExtGStates(const std::vector<ExtGState>& states,
     return category;
 }
 
+void AddForeignParameters(QPDFObjectHandle category, const std::vector<OrvSys::PdfObject>& parameters,
+                          ObjectMaker& maker)
+{
+    for (std::size_t index = 0; index < parameters.size(); ++index) {
+        category.replaceKey("/fp" + std::to_string(index), maker.MakeShared(parameters[index]));
+    }
+}
+
 } // namespace OrvPdf

@@ -11,6 +11,7 @@
 #include <orv_blend/transparency.h>
 #include <orv_doc/halftone_set.h>
 #include <orv_doc/transfer_function_set.h>
+#include <orv_sys/pdf_object.h>
 
 #include "pdf/matrix_numbers.h"
 
@@ -67,5 +68,10 @@ private:
 QPDFObjectHandle MakeExtGStates(const std::vector<ExtGState>& states,
                                 const boost::optional<OrvDoc::TransferFunctionSet>& transferFunctions,
                                 ContentStart start, ObjectMaker& maker, NestedWriter& nested);
+
+/// Adds graphics state dictionaries of parameters that the model has no place for, named `fp` and their
+/// index.
+void AddForeignParameters(QPDFObjectHandle category, const std::vector<OrvSys::PdfObject>& parameters,
+                          ObjectMaker& maker);
 
 } // namespace OrvPdf

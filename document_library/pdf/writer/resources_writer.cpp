@@ -135,9 +135,10 @@ QPDFObjectHandle ResourcesWriter::Make(const WrittenContent& content, QPDFObject
     ReplaceCategory(resources, "/Pattern", MakePatterns(content));
     // The operator that names shadings is not written.
     resources.removeKey("/Shading");
-    ReplaceCategory(
-        resources, "/ExtGState",
-        MakeExtGStates(content.graphicsStates, content.transferFunctions, content.start, maker, nested));
+    const QPDFObjectHandle states =
+        MakeExtGStates(content.graphicsStates, content.transferFunctions, content.start, maker, nested);
+    AddForeignParameters(states, content.foreignParameters, maker);
+    ReplaceCategory(resources, "/ExtGState", states);
     ReplaceCategory(resources, "/Properties", MakePropertyLists(content));
     ReplaceCategory(resources, "/XObject", MakeXObjects(content));
     ReplaceCategory(resources, "/Font", MakeFonts(content));

@@ -135,7 +135,7 @@ TEST(InterpreterState, NeutralParametersAreNoProblem)
 TEST(InterpreterState, ParametersWithoutAPlaceInTheModelAreTold)
 {
     EXPECT_EQ(LineUnder({{"BG2", PdfObject::Name("Unresolved")}, {"SMask", PdfObject::Name("Unresolved")}}),
-              stroked + " | operator gs: parameter BG2 is not modelled, byte 0"
+              stroked + " | operator gs: parameter BG2 cannot be read, byte 0"
                         " | operator gs: the soft mask of /G is left out: it is missing, byte 0");
 }
 
@@ -170,15 +170,8 @@ TEST(InterpreterState, TheRenderingIntentAndFlatnessOfTheStartAreNoProblem)
     EXPECT_EQ(Tree("/RelativeColorimetric ri 0 i 1 i"), "");
 }
 
-TEST(InterpreterState, OtherRenderingIntentsAndFlatnessAreTold)
+TEST(InterpreterState, AFlatnessThatIsNoneIsTold)
 {
-    Reading reading;
-    reading.Read("/Perceptual ri 50 i");
-    EXPECT_TRUE(reading.result.hasUnmodelled);
-    EXPECT_THAT(
-        reading.result.errors,
-        ElementsAre("operator ri: rendering intents of vector objects are not modelled (Perceptual), byte 0",
-                    "operator i: flatness is not modelled, byte 15"));
     EXPECT_EQ(Tree("101 i"), " | operator i: a flatness outside of 0 to 100, byte 0");
 }
 
