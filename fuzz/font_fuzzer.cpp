@@ -29,6 +29,7 @@
 #include "orv_font/program_font.h"
 #include "pdf/fonts/file_font.h"
 #include "pdf/fonts/only_code_point.h"
+#include "pdf/reader/file_reading.h"
 #include "pdf/reader/font_reader.h"
 #include "pdf/writer/file_font_objects.h"
 #include "pdf/writer/font_embedding.h"
@@ -280,9 +281,6 @@ void RequireDictionary(const std::string& text, std::string_view rest, std::stri
         RequireSameCharacter(*font, *again, character);
         RequireSearch(*font, *source, character);
     }
-    // Problems that only showed now would be told with the document.
-    const OrvPdf::SourceFile::Access access(*GetSmallFile());
-    GetSmallFile()->TakeWarnings();
 }
 
 } // namespace
@@ -293,6 +291,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     using namespace HarrowSupport::Fuzzing;
 
+    // The file stays open; what is found wrong in this run must not stay in it.
+    OrvPdf::FileReading reading(*GetSmallFile(), "a font");
     const std::string bytes(data, data + size);
     const std::string_view input = bytes;
     const std::size_t end = std::min(input.find('\n'), input.size());
@@ -309,5 +309,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         RequireProgram(rest, shown,
                        kind == 'v' ? OrvFont::WritingMode::Vertical : OrvFont::WritingMode::Horizontal);
     }
+    reading.TakeProblems();
     return 0;
 }

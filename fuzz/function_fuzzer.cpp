@@ -28,6 +28,7 @@
 #include "orv_color/calculator_program.h"
 #include "orv_color/function_numbers.h"
 #include "orv_color/tint_transform.h"
+#include "pdf/reader/file_reading.h"
 #include "pdf/reader/object_conversion.h"
 #include "pdf/writer/object_maker.h"
 
@@ -67,12 +68,13 @@ Numbers ReadInputs(const std::string& line)
 PdfObject Convert(QPDFObjectHandle object)
 {
     const OrvPdf::SourceFile& file = *GetSmallFile();
+    // The file stays open; what is found wrong in this run must not stay in it.
+    OrvPdf::FileReading reading(file, "a function");
     const OrvPdf::SourceFile::Access access(file);
     std::string problem;
     const PdfObject converted = OrvPdf::ObjectConverter(file).Convert(object, problem);
     Require(problem.empty() || converted.IsNull(), "what has a problem has no value");
-    // They would be told with the document.
-    file.TakeWarnings();
+    reading.TakeProblems();
     return converted;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <string>
 #include <vector>
@@ -10,14 +11,20 @@
 namespace OrvDoc
 {
 
+namespace Detail
+{
+class LateErrors;
+}
+
 /// The errors in force of a document or of a content: the problems that reading met, and those that the last
-/// writing met.
+/// writing met. Damage in pictures and fonts is met when somebody asks for their samples and shapes, and is
+/// an error of the document from then on.
 ///
 /// An error that stays in force stays the same object, so that a user who compares the list before and after
 /// a step by addresses sees exactly the errors that the step added.
 ///
-/// Not locked. Whoever changes a list sees to it that nobody reads it meanwhile; any number of threads may
-/// read one that nobody changes.
+/// Any number of threads may read a list, also while others come upon damage. Whoever changes it sees to it
+/// that nobody reads it meanwhile.
 class ORV_EXPORT Errors
 {
 public:
@@ -26,9 +33,10 @@ public:
     Errors(const Errors&) = delete;
     Errors& operator=(const Errors&) = delete;
 
-    /// All errors in force. The reference is good as long as the list lives; what it refers to changes with
-    /// the list.
-    const std::vector<std::shared_ptr<OrvSys::Core::Error>>& GetAllErrors() const { return errors_; }
+    /// All errors in force. The reference is good as long as the list lives. What it refers to changes with
+    /// the list, but for damage that is met later: a reader of what was handed out before is not disturbed,
+    /// and the next call gives a longer list.
+    const std::vector<std::shared_ptr<OrvSys::Core::Error>>& GetAllErrors() const;
 
     // For makers of documents.
 
@@ -49,10 +57,24 @@ public:
     /// (std::bad_alloc) leaves the list as it was.
     void Replace(Origin origin, std::vector<std::string> texts);
 
+    /// From where problems come that are found after the reading. To be called once, before the list is used.
+    void TakeFrom(std::shared_ptr<Detail::LateErrors> late);
+
 private:
-    std::vector<std::shared_ptr<OrvSys::Core::Error>> errors_;
-    // The origin of the error at the same index.
-    std::vector<Origin> origins_;
+    using List = std::vector<std::shared_ptr<OrvSys::Core::Error>>;
+
+    /// Makes a new list of the one in force and what was found late.
+    void TakeLate() const;
+    List& GetInForce() const { return *inForce_.load(std::memory_order_acquire); }
+
+    mutable List first_;
+    // Those that came after the first one. All stay, since somebody may still read them; the number of late
+    // problems is limited.
+    mutable std::vector<std::unique_ptr<List>> others_;
+    mutable std::atomic<List*> inForce_{&first_};
+    // The origin of the error at the same index of the list in force.
+    mutable std::vector<Origin> origins_;
+    std::shared_ptr<Detail::LateErrors> late_;
 };
 
 } // namespace OrvDoc

@@ -74,6 +74,7 @@ std::unique_ptr<Document> Document::Create(const boost::filesystem::path& file, 
     std::unique_ptr<Document> document = CreateNew();
     document->filePath = boost::filesystem::absolute(file);
     document->source = std::move(source);
+    document->activeErrors->TakeFrom(document->source->GetLateErrors());
     document->source->ReadStructure(*document);
     return document;
 }

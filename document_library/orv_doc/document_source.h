@@ -17,6 +17,8 @@ class PageContent;
 namespace OrvDoc::Detail
 {
 
+class LateErrors;
+
 /// A page of a file. Everything here may be called from several threads.
 class PageSource
 {
@@ -51,6 +53,8 @@ public:
     virtual PageTree ReadPageTree() const = 0;
     /// The separations that the pages' colour spaces name.
     virtual std::vector<Separation::Entry> ReadSeparations() const = 0;
+    /// Where problems wait that are found while nothing of the above runs.
+    virtual const std::shared_ptr<LateErrors>& GetLateErrors() const = 0;
 };
 
 } // namespace OrvDoc::Detail

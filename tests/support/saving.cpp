@@ -10,9 +10,9 @@
 #include <boost/filesystem/path.hpp>
 
 #include "document_makers.h"
-#include "file_bytes.h"
 #include "picture_makers.h"
-#include "temporary_folder.h"
+#include "support/file_bytes.h"
+#include "support/temporary_folder.h"
 
 namespace HarrowSupport::Testing
 {

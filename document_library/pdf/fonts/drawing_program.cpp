@@ -32,7 +32,10 @@ bool DrawingProgram::IsSameAs(const DrawingProgram& other) const
 
 const DrawingProgram::Opened& DrawingProgram::Open() const
 {
-    return opened.Get([this] { return OpenEmbedded(); });
+    const Opened& result = opened.Get([this] { return OpenEmbedded(); });
+    if (!result.problem.empty())
+        std::call_once(toldOnce, [&] { problems->Tell(result.problem); });
+    return result;
 }
 
 DrawingProgram::Opened DrawingProgram::OpenEmbedded() const
@@ -43,14 +46,14 @@ DrawingProgram::Opened DrawingProgram::OpenEmbedded() const
     try {
         auto program = ShareProgram(std::move(bytes));
         if (!problem.empty())
-            problems->Tell("the font " + description.name + ": its program: " + problem);
-        return {std::move(program), false};
+            problem = "the font " + description.name + ": its program: " + problem;
+        return {std::move(program), false, problem};
     } catch (const std::runtime_error& failure) {
         reason = failure.what();
     }
     std::string told;
     Opened replaced = Replace("is damaged", told);
-    problems->Tell(told + ". " + (problem.empty() ? "" : "Its program: " + problem + ". ") + reason);
+    replaced.problem = told + ". " + (problem.empty() ? "" : "Its program: " + problem + ". ") + reason;
     return replaced;
 }
 
@@ -60,10 +63,10 @@ DrawingProgram::Opened DrawingProgram::Replace(const std::string& state, std::st
     try {
         auto font = OrvFont::Detail::ReplacementFor(description.postScriptName, description.hints);
         problem += "; " + font.name + " is used instead";
-        return {std::move(font.program), true};
+        return {std::move(font.program), true, {}};
     } catch (const std::runtime_error& failure) {
         problem += std::string("; nothing is used instead: ") + failure.what();
-        return {nullptr, true};
+        return {nullptr, true, {}};
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <string>
 
 #include "orv_font/font_kind.h"
@@ -51,6 +52,8 @@ private:
     {
         std::shared_ptr<const OrvFont::Detail::FontProgram> program;
         bool isReplaced = false;
+        /// What was found wrong with a program that is embedded.
+        std::string problem;
     };
 
     const Opened& Open() const;
@@ -62,6 +65,8 @@ private:
     std::unique_ptr<const FontStream> stream;
     std::shared_ptr<const LateProblems> problems;
     LazyValue<Opened> opened;
+    // Two threads may open the program at once.
+    mutable std::once_flag toldOnce;
 };
 
 } // namespace OrvPdf

@@ -50,7 +50,7 @@ std::unique_ptr<const FontStream> ReadGlyphIds(const FontParts& parts, FontProbl
     QPDFObjectHandle map = GetEntry(parts.glyphs, "/CIDToGIDMap");
     if (!map.isNull() && !map.isStream() && GetNameText(map) != "Identity")
         problems.Add("CIDToGIDMap is neither Identity nor a stream");
-    return MakeFontStream(parts.file, map);
+    return MakeFontStream(parts.file, map, "the font " + problems.GetFont() + ": its CIDToGIDMap");
 }
 
 } // namespace

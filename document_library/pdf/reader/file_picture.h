@@ -54,6 +54,13 @@ public:
     virtual boost::optional<OrvColor::RenderingIntent> GetOwnIntent() const = 0;
 
     virtual const FileMask& GetMask() const = 0;
+
+    /// Whether it was read from this file.
+    virtual bool IsFrom(const SourceFile& file) const = 0;
+
+    /// What decoding the samples found wrong, with the object and its file; empty as long as nobody asked for
+    /// them. The document of that file is told as well, but it may be gone.
+    virtual std::string GetDamage() const = 0;
 };
 
 } // namespace OrvPdf

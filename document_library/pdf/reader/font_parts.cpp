@@ -26,8 +26,9 @@ constexpr std::uint64_t largestStream = std::uint64_t{256} << 20;
 class FileFontStream : public FontStream
 {
 public:
-    FileFontStream(std::shared_ptr<const SourceFile> givenFile, QPDFObjectHandle givenStream)
-        : file(std::move(givenFile)), stream(givenStream)
+    FileFontStream(std::shared_ptr<const SourceFile> givenFile, QPDFObjectHandle givenStream,
+                   std::string givenName)
+        : file(std::move(givenFile)), stream(givenStream), name(std::move(givenName))
     {}
 
     std::string Read(std::string& problem) const override
@@ -40,12 +41,15 @@ public:
         const std::uint64_t largest = std::min(largestStream, file->GetOptions().limits.streamBytes);
         const DecodedStream decoded = DecodeStream(*file, encoded, {largest, "streamBytes", largest});
         problem = decoded.problem;
+        if (!problem.empty() && !name.empty())
+            file->Tell(name + ": " + problem);
         return std::string(decoded.isDecoded ? decoded.bytes.View() : std::string_view());
     }
 
 private:
     std::shared_ptr<const SourceFile> file;
     QPDFObjectHandle stream;
+    std::string name;
 };
 
 class FileProblems : public LateProblems
@@ -53,11 +57,7 @@ class FileProblems : public LateProblems
 public:
     explicit FileProblems(std::shared_ptr<const SourceFile> givenFile) : file(std::move(givenFile)) {}
 
-    void Tell(const std::string& problem) const override
-    {
-        const SourceFile::Access access(*file);
-        file->AddWarning(problem);
-    }
+    void Tell(const std::string& problem) const override { file->Tell(problem); }
 
 private:
     std::shared_ptr<const SourceFile> file;
@@ -131,9 +131,10 @@ FontParts GatherFontParts(const std::shared_ptr<const SourceFile>& file, QPDFObj
 }
 
 std::unique_ptr<const FontStream> MakeFontStream(const std::shared_ptr<const SourceFile>& file,
-                                                 QPDFObjectHandle stream)
+                                                 QPDFObjectHandle stream, std::string name)
 {
-    return stream.isStream() ? std::make_unique<const FileFontStream>(file, stream) : nullptr;
+    return stream.isStream() ? std::make_unique<const FileFontStream>(file, stream, std::move(name))
+                             : nullptr;
 }
 
 std::shared_ptr<const FontOrigin> MakeFontOrigin(const FontParts& parts)

@@ -84,9 +84,9 @@ OrvFont::Font::Names ReadStatedNames(const FontParts& parts);
 /// missing.
 boost::optional<OrvFont::Font::Rectangle> ReadStatedBox(QPDFObjectHandle array, FontProblems& problems);
 
-/// Null if it is no stream.
+/// Null if it is no stream. With a name, what reading finds wrong is told to the document as well.
 std::unique_ptr<const FontStream> MakeFontStream(const std::shared_ptr<const SourceFile>& file,
-                                                 QPDFObjectHandle stream);
+                                                 QPDFObjectHandle stream, std::string name = {});
 
 std::shared_ptr<const FontOrigin> MakeFontOrigin(const FontParts& parts);
 

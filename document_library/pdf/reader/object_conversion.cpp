@@ -119,7 +119,13 @@ OrvSys::PdfObject ObjectConverter::ConvertStream(QPDFObjectHandle stream, Run& r
         throw ConversionFailure(DescribeObject(stream) + ": " + encoded.problem);
     const DecodedStream decoded = DecodeStream(file, encoded, {largest, "streamBytes", largest});
     if (decoded.isDecoded && !decoded.problem.empty())
-        file.AddWarning(DescribeObject(stream) + ": " + decoded.problem);
+        file.Tell(DescribeObject(stream) + ": " + decoded.problem);
+    if (decoded.isDecoded && GetEntry(stream, "/FunctionType").isInteger() &&
+        GetEntry(stream, "/FunctionType").getIntValue() == 4) {
+        const std::string limit = FindCalculatorLimit(decoded.bytes.View(), file.GetOptions().limits);
+        if (!limit.empty())
+            throw ConversionFailure(limit);
+    }
 
     OrvSys::PdfObject::Entries entries;
     for (const auto& [key, value] : stream.getDict().getDictAsMap()) {

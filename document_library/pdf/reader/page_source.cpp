@@ -9,6 +9,7 @@
 #include <orv_doc/page_box.h>
 #include <orv_doc/page_content.h>
 
+#include "pdf/reader/file_reading.h"
 #include "pdf/reader/group_space.h"
 #include "pdf/reader/nested_content.h"
 #include "pdf/reader/page_boxes.h"
@@ -63,6 +64,8 @@ PageBoxes PdfPageSource::ReadBoxes() const
 
 void PdfPageSource::Interpret(OrvDoc::PageContent& content) const
 {
+    const std::string place = "page " + std::to_string(index + 1);
+    FileReading reading(*file, place);
     ErrorList errors(file->GetOptions().limits.errors);
     try {
         InterpretInto(content, errors);
@@ -73,13 +76,9 @@ void PdfPageSource::Interpret(OrvDoc::PageContent& content) const
         errors.Add(std::string("the content is left out: ") + problem.what());
         hasDamagedStreams = true;
     }
-    {
-        const SourceFile::Access access(*file);
-        errors.Add(file->TakeWarnings());
-    }
-    const std::string place = "page " + std::to_string(index + 1) + ": ";
+    errors.Add(reading.TakeProblems());
     for (const std::string& text : errors.Take())
-        content.GetActiveErrors().Add(place + text, OrvDoc::Errors::Origin::Reading);
+        content.GetActiveErrors().Add(place + ": " + text, OrvDoc::Errors::Origin::Reading);
     baseRevision = content.GetRevision();
 }
 

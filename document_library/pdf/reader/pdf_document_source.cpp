@@ -9,6 +9,7 @@
 #include <orv_doc/document.h>
 #include <orv_doc/errors.h>
 
+#include "pdf/reader/file_reading.h"
 #include "pdf/reader/layers_reader.h"
 #include "pdf/reader/links_reader.h"
 #include "pdf/reader/output_intent_reader.h"
@@ -55,10 +56,11 @@ PdfDocumentSource::PdfDocumentSource(std::shared_ptr<const SourceFile> givenFile
 
 void PdfDocumentSource::ReadStructure(OrvDoc::Document& document) const
 {
+    FileReading reading(*file, "the document");
     const SourceFile::Access access(*file);
     resources->SetDocument(document);
     ErrorList errors(file->GetOptions().limits.errors);
-    errors.Add(file->TakeWarnings());
+    errors.Add(file->GetOpeningProblems());
     QPDFObjectHandle catalogue = access.GetQpdf().getRoot();
 
     ReadPart("OutputIntents", errors,
@@ -73,7 +75,7 @@ void PdfDocumentSource::ReadStructure(OrvDoc::Document& document) const
     document.SetInfoFlag(OrvDoc::DocumentInfoFlagKey::Encrypted, file->IsEncrypted());
     document.SetInfoFlag(OrvDoc::DocumentInfoFlagKey::Repaired, file->WasRepaired());
 
-    errors.Add(file->TakeWarnings());
+    errors.Add(reading.TakeProblems());
     std::vector<std::string> texts = errors.Take();
     structureErrors = texts.size();
     for (std::string& text : texts)
@@ -82,6 +84,7 @@ void PdfDocumentSource::ReadStructure(OrvDoc::Document& document) const
 
 OrvDoc::Detail::PageTree PdfDocumentSource::ReadPageTree() const
 {
+    FileReading reading(*file, "the page tree");
     const SourceFile::Access access(*file);
     ErrorList errors(file->GetOptions().limits.errors, structureErrors);
     OrvDoc::Detail::PageTree tree;
@@ -95,7 +98,7 @@ OrvDoc::Detail::PageTree PdfDocumentSource::ReadPageTree() const
     });
     if (tree.pages.empty())
         errors.Add("the page tree has no pages");
-    errors.Add(file->TakeWarnings());
+    errors.Add(reading.TakeProblems());
     tree.errors = errors.Take();
     return tree;
 }
@@ -105,7 +108,8 @@ std::vector<OrvDoc::Separation::Entry> PdfDocumentSource::ReadSeparations() cons
     const SourceFile::Access access(*file);
     if (knownSeparations)
         return *knownSeparations;
-    // Problems of the page tree and of colour spaces are told when the pages and contents are read.
+    // Problems of the page tree and of colour spaces are told when the pages and contents are read; those of
+    // objects, which are parsed once, are late ones.
     ErrorList errors(0);
     std::vector<OrvDoc::Separation::Entry> separations;
     ReadPart("the separations", errors, [&] {

@@ -25,6 +25,11 @@ public:
     /// Walks the resources of all pages the first time that it is called.
     std::vector<OrvDoc::Separation::Entry> ReadSeparations() const override;
 
+    const std::shared_ptr<OrvDoc::Detail::LateErrors>& GetLateErrors() const override
+    {
+        return file->GetLateErrors();
+    }
+
     const SourceFile& GetFile() const { return *file; }
 
 private:

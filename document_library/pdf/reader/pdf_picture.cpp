@@ -103,12 +103,26 @@ std::shared_ptr<const PictureBuffer> PdfPicture::Decode() const
 
 void PdfPicture::Tell(const std::string& problem) const
 {
-    if (problem.empty() || hasTold) {
+    if (problem.empty() || !damage.empty()) {
         return;
     }
-    hasTold = true;
-    const SourceFile::Access access(*file);
-    file->AddWarning("the picture in " + origin->Describe() + ": " + problem);
+    damage = problem;
+    file->Tell("the picture in " + origin->Describe() + ": " + problem);
+}
+
+std::string PdfPicture::GetDamage() const
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (!damage.empty()) {
+        return "the picture in " + origin->Describe() + " of " + file->GetPath().string() + ": " + damage;
+    }
+    for (const auto& channel : about.extraChannels) {
+        std::string problem = channel->GetDamage();
+        if (!problem.empty()) {
+            return problem;
+        }
+    }
+    return {};
 }
 
 std::unique_ptr<PictureStream> PdfPicture::GetPictureStream() const

@@ -43,6 +43,8 @@ public:
     const OrvColor::ColorSpace::Pointer& GetNativeSpace() const override { return about.native; }
     boost::optional<OrvColor::RenderingIntent> GetOwnIntent() const override { return about.intent; }
     const FileMask& GetMask() const override { return about.mask; }
+    bool IsFrom(const SourceFile& other) const override { return file.get() == &other; }
+    std::string GetDamage() const override;
 
 private:
     std::shared_ptr<const OrvImg::PictureBuffer> Decode() const;
@@ -55,7 +57,7 @@ private:
     /// Held while decoding, so that threads that ask at once decode once.
     mutable std::mutex mutex;
     mutable std::weak_ptr<const OrvImg::PictureBuffer> known;
-    mutable bool hasTold = false;
+    mutable std::string damage;
 };
 
 } // namespace OrvPdf

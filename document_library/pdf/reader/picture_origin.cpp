@@ -150,7 +150,8 @@ QPDFObjectHandle MakeHandle(const PdfObject& value)
 class InlineOrigin : public PictureOrigin
 {
 public:
-    explicit InlineOrigin(PdfObject givenStream) : stream(std::move(givenStream))
+    InlineOrigin(PdfObject givenStream, std::string givenName)
+        : stream(std::move(givenStream)), name(std::move(givenName))
     {
         GuardLookUp(problem, [this] {
             QPDFObjectHandle dictionary = QPDFObjectHandle::newDictionary();
@@ -175,10 +176,11 @@ public:
 
     int GetObjectNumber(const SourceFile&) const override { return 0; }
     PdfObject Convert(std::string&) const override { return stream; }
-    std::string Describe() const override { return "an inline image"; }
+    std::string Describe() const override { return name; }
 
 private:
     PdfObject stream;
+    std::string name;
     std::vector<FilterStage> stages;
     std::string problem;
 };
@@ -191,9 +193,9 @@ std::shared_ptr<const PictureOrigin> MakeXObjectOrigin(std::shared_ptr<const Sou
     return std::make_shared<const XObjectOrigin>(std::move(file), stream);
 }
 
-std::shared_ptr<const PictureOrigin> MakeInlineOrigin(PdfObject stream)
+std::shared_ptr<const PictureOrigin> MakeInlineOrigin(PdfObject stream, std::string name)
 {
-    return std::make_shared<const InlineOrigin>(std::move(stream));
+    return std::make_shared<const InlineOrigin>(std::move(stream), std::move(name));
 }
 
 } // namespace OrvPdf

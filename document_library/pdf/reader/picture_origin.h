@@ -37,7 +37,7 @@ public:
 std::shared_ptr<const PictureOrigin> MakeXObjectOrigin(std::shared_ptr<const SourceFile> file,
                                                        QPDFObjectHandle stream);
 
-/// An inline image: its dictionary with keys and names in full, and its bytes.
-std::shared_ptr<const PictureOrigin> MakeInlineOrigin(OrvSys::PdfObject stream);
+/// An inline image: its dictionary with keys and names in full, and its bytes. Messages call it by the name.
+std::shared_ptr<const PictureOrigin> MakeInlineOrigin(OrvSys::PdfObject stream, std::string name);
 
 } // namespace OrvPdf

@@ -7,6 +7,7 @@
 
 #include "pdf/picture_keys.h"
 #include "pdf/reader/document_resources.h"
+#include "pdf/reader/file_reading.h"
 #include "pdf/reader/layer_membership.h"
 #include "pdf/reader/pdf_picture.h"
 #include "pdf/reader/qpdf_text.h"
@@ -283,7 +284,8 @@ PictureReader::ReadInline(const PdfObject& stream, const ColorSpace::Pointer& sp
     std::shared_ptr<PictureResource> picture;
     try {
         const PictureEntries entries = ReadPictureEntries(stream.GetDictionary(), problems);
-        auto origin = MakeInlineOrigin(stream);
+        FileReading* const reading = FileReading::FindCurrent(document.GetFile());
+        auto origin = MakeInlineOrigin(stream, reading ? reading->NameInlineImage() : "an inline image");
         PictureDescription about =
             DescribePicture(document.GetFile(), stream, entries, origin->Fetch(), space, problems);
         about.mayStand = false;

@@ -16,6 +16,9 @@
 #include <qpdf/QPDFExc.hh>
 #include <qpdf/QUtil.hh>
 
+#include "orv_doc/late_errors.h"
+#include "pdf/limit_text.h"
+#include "pdf/reader/file_reading.h"
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/reader/stack_room.h"
 #include "pdf/reader/table_repair.h"
@@ -63,7 +66,9 @@ struct FileCloser
 } // namespace
 
 SourceFile::SourceFile(const boost::filesystem::path& file, const OrvDoc::ReadOptions& givenOptions)
-    : path(file), options(givenOptions)
+    : path(file),
+      options(givenOptions),
+      lateErrors(std::make_shared<OrvDoc::Detail::LateErrors>(givenOptions.limits.errors))
 {}
 
 SourceFile::~SourceFile() = default;
@@ -135,15 +140,13 @@ void SourceFile::OpenObjects()
                                       : "the file is encrypted and the password is wrong");
     }
     isEncrypted = qpdf->isEncrypted();
-    pendingWarnings = TakeWarnings();
+    openingProblems = TakeWarnings();
     if (!problem.empty())
-        pendingWarnings.push_back(
-            "the file was read with a cross-reference table made for it, since otherwise: " + problem);
-    wasRepaired =
-        !problem.empty() ||
-        std::any_of(pendingWarnings.begin(), pendingWarnings.end(), [](const std::string& text) {
-            return text.find("Attempting to reconstruct cross-reference table") != std::string::npos;
-        });
+        openingProblems.push_back("the file was read with a trailer made for it, since otherwise: " +
+                                  problem);
+    wasRepaired = std::any_of(openingProblems.begin(), openingProblems.end(), [](const std::string& text) {
+        return text.find("Attempting to reconstruct cross-reference table") != std::string::npos;
+    });
     CheckObjectCount();
 }
 
@@ -210,15 +213,30 @@ std::unique_ptr<QPDF> SourceFile::OpenAgain() const
 
 std::vector<std::string> SourceFile::TakeWarnings() const
 {
-    std::vector<std::string> texts = std::exchange(pendingWarnings, {});
+    std::vector<std::string> texts;
     for (const QPDFExc& warning : qpdf->getWarnings())
         texts.push_back(DescribeProblem(warning));
     return texts;
 }
 
-void SourceFile::AddWarning(std::string text) const
+void SourceFile::TellWarnings() const noexcept
 {
-    pendingWarnings.push_back(std::move(text));
+    if (!qpdf->anyWarnings())
+        return;
+    try {
+        for (std::string& text : TakeWarnings())
+            Tell(std::move(text));
+    } catch (const std::bad_alloc&) {
+        // Nobody could be told of this either.
+    }
+}
+
+void SourceFile::Tell(std::string problem) const
+{
+    if (FileReading* const reading = FileReading::FindCurrent(*this))
+        reading->Add(std::move(problem));
+    else
+        lateErrors->Add(std::move(problem));
 }
 
 std::uint64_t SourceFile::GetDecodedBytesLeft() const

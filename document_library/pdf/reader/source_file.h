@@ -14,6 +14,11 @@
 
 class QPDF;
 
+namespace OrvDoc::Detail
+{
+class LateErrors;
+}
+
 namespace OrvPdf
 {
 
@@ -39,26 +44,33 @@ public:
     /// Whether the cross-reference table had to be made anew.
     bool WasRepaired() const { return wasRepaired; }
 
-    /// The right to touch objects of the file, for as long as it lives. One thread may hold several.
+    /// The right to touch objects of the file, for as long as it lives. One thread may hold several. What
+    /// parsing finds wrong meanwhile is told at the end.
     class Access
     {
     public:
-        explicit Access(const SourceFile& file) : lock(file.mutex), qpdf(*file.qpdf) {}
-        QPDF& GetQpdf() const { return qpdf; }
+        explicit Access(const SourceFile& givenFile) : file(givenFile), lock(file.mutex) {}
+        ~Access() { file.TellWarnings(); }
+        Access(const Access&) = delete;
+        Access& operator=(const Access&) = delete;
+        QPDF& GetQpdf() const { return *file.qpdf; }
 
     private:
+        const SourceFile& file;
         std::lock_guard<std::recursive_mutex> lock;
-        QPDF& qpdf;
     };
 
     /// The same file a second time, with the same object numbers, for one who changes objects. It reads the
     /// bytes of this object, which must outlive it.
     std::unique_ptr<QPDF> OpenAgain() const;
 
-    /// The problems that parsing met since the last call. Needs an `Access`.
-    std::vector<std::string> TakeWarnings() const;
-    /// Adds a problem for the next call of TakeWarnings. Needs an `Access`.
-    void AddWarning(std::string text) const;
+    /// The problems that opening the file met.
+    const std::vector<std::string>& GetOpeningProblems() const { return openingProblems; }
+    /// Tells a problem of the file: to the `FileReading` that this thread is in the middle of, otherwise as a
+    /// late one. Any thread may call this, with or without an `Access`.
+    void Tell(std::string problem) const;
+    /// Where problems go that nobody is reading for. They may be told when no document is left to show them.
+    const std::shared_ptr<OrvDoc::Detail::LateErrors>& GetLateErrors() const { return lateErrors; }
 
     /// How many more bytes the streams of the document may decode to.
     std::uint64_t GetDecodedBytesLeft() const;
@@ -75,6 +87,9 @@ private:
     /// False if no trailer can be made for the file.
     bool AddTrailer();
     void CheckObjectCount() const;
+    /// What the parser met since the last call.
+    std::vector<std::string> TakeWarnings() const;
+    void TellWarnings() const noexcept;
     std::unique_ptr<QPDF> OpenWith(const std::string& candidate) const;
     [[noreturn]] void Fail(const std::string& reason) const;
 
@@ -86,7 +101,8 @@ private:
     bool isEncrypted = false;
     bool wasRepaired = false;
     std::unique_ptr<QPDF> qpdf;
-    mutable std::vector<std::string> pendingWarnings;
+    std::vector<std::string> openingProblems;
+    std::shared_ptr<OrvDoc::Detail::LateErrors> lateErrors;
     mutable std::recursive_mutex mutex;
     mutable std::atomic<std::uint64_t> decodedBytes{0};
 };

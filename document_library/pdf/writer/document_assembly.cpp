@@ -113,6 +113,9 @@ DocumentAssembly AssembleDocument(const OrvDoc::Document& document, const boost:
                         maker);
     WriteResolvedLinks(document.GetNormalizedPDFLinks(), catalogue);
     assembly.errors = layers.GetProblems().GetTexts({});
+    for (const std::string& text : pictures.GetProblems()) {
+        assembly.errors.push_back(text);
+    }
     for (std::string& text : fonts.WriteAll()) {
         assembly.errors.push_back(std::move(text));
     }

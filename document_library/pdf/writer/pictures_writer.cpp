@@ -1,5 +1,6 @@
 #include "pdf/writer/pictures_writer.h"
 
+#include <algorithm>
 #include <sstream>
 #include <utility>
 
@@ -84,14 +85,14 @@ PdfObject Replace(const PdfObject& stream, Entries entries)
 }
 
 /// The same samples with channels that are named for what they stand for.
-std::shared_ptr<const PictureData> Rename(const PaintedPicture& picture, const OrvDoc::Document& document)
+std::shared_ptr<const PictureData> Rename(const PaintedPicture& picture, const OrvDoc::Document& document,
+                                          std::shared_ptr<const PictureBuffer> samples)
 {
     const PictureData& data = *picture.GetPictureData(false);
     const PictureSource& source = *data.GetPictureSource();
-    PictureData::Factory factory(document,
-                                 std::make_shared<const OrvImg::BufferedPictureSource>(
-                                     source.GetPictureBuffer(), OrvImg::DeviceN(), *NameByMapping(picture),
-                                     nullptr, source.GetXDpi(), source.GetYDpi(), nullptr));
+    PictureData::Factory factory(document, std::make_shared<const OrvImg::BufferedPictureSource>(
+                                               std::move(samples), OrvImg::DeviceN(), *NameByMapping(picture),
+                                               nullptr, source.GetXDpi(), source.GetYDpi(), nullptr));
     if (data.GetLink()) {
         factory.SetLink(*data.GetLink());
     }
@@ -167,7 +168,9 @@ QPDFObjectHandle PicturesWriter::Make(const PaintedPicture& picture)
         }
     }
     const PdfObject stream =
-        HasDefaultMapping(picture) ? MakePlain(data) : MakePlain(*Rename(picture, document));
+        HasDefaultMapping(picture)
+            ? MakePlain(data)
+            : MakePlain(*Rename(picture, document, GetSamples(*data.GetPictureSource())));
     Entries entries = stream.GetEntries();
     if (!FindFilePicture(data) || !IsAsInFile(picture)) {
         SetMask(entries, picture);
@@ -206,10 +209,23 @@ Entries PicturesWriter::BeginEntries(const PictureData& data) const
     return entries;
 }
 
+std::shared_ptr<const PictureBuffer> PicturesWriter::GetSamples(const PictureSource& picture)
+{
+    auto samples = picture.GetPictureBuffer();
+    const auto* const ofFile = dynamic_cast<const FilePicture*>(&picture);
+    if (ofFile && !(source && ofFile->IsFrom(*source))) {
+        std::string problem = ofFile->GetDamage();
+        if (!problem.empty() && std::find(problems.begin(), problems.end(), problem) == problems.end()) {
+            problems.push_back(std::move(problem));
+        }
+    }
+    return samples;
+}
+
 PdfObject PicturesWriter::MakeStream(Entries entries, const PictureData& data, std::size_t firstChannel,
                                      std::size_t count)
 {
-    auto buffer = data.GetPictureSource()->GetPictureBuffer();
+    auto buffer = GetSamples(*data.GetPictureSource());
     if (firstChannel != 0 || count != buffer->channels) {
         buffer = Extract(*buffer, firstChannel, count);
     }

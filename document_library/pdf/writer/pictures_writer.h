@@ -9,6 +9,7 @@
 #include <orv_color/color_list.h>
 #include <orv_img/painted_picture.h>
 #include <orv_img/picture_data.h>
+#include <orv_img/picture_source.h>
 #include <orv_sys/pdf_object.h>
 #include <qpdf/QPDFObjectHandle.hh>
 
@@ -49,6 +50,10 @@ public:
     /// The object of a picture that can be written.
     QPDFObjectHandle Get(const UsedPicture& picture);
 
+    /// What was wrong with samples that had to be decoded and come from another file, whose document may be
+    /// gone. What is wrong with those of the document's own file is told to the document where it is found.
+    const std::vector<std::string>& GetProblems() const { return problems; }
+
     /// The lowest version of PDF that knows what was written; "1.4" if nothing was.
     const std::string& GetVersion() const { return version; }
 
@@ -57,6 +62,7 @@ private:
     using Value = OrvColor::ChannelMappingPolicy::Value;
 
     void NoteVersion(QPDFObjectHandle object);
+    std::shared_ptr<const OrvImg::PictureBuffer> GetSamples(const OrvImg::PictureSource& picture);
     QPDFObjectHandle Make(const OrvImg::PaintedPicture& picture);
     QPDFObjectHandle MakeStencil(const OrvImg::PictureData& data);
     /// The object as it stands in the file that is written again; null if it doesn't.
@@ -78,6 +84,7 @@ private:
     const SourceFile* source;
     FlateCompressor compressor;
     std::string version = "1.4";
+    std::vector<std::string> problems;
     std::map<const OrvImg::PaintedPicture*, QPDFObjectHandle> pictures;
     std::map<const OrvImg::PictureData*, QPDFObjectHandle> stencils;
     /// So that no address is that of another picture before the end.

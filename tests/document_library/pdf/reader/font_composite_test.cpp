@@ -20,6 +20,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
+using testing::StartsWith;
 
 enum class Program
 {
@@ -154,6 +155,16 @@ TEST(CompositeFont, DrawsGlyphsThroughItsMap)
     for (const unsigned cid : {3U, 4U, 0xFFFFU})
         EXPECT_EQ(OutlineOf(*font, Code(cid)), ProgramOutline(Program::TrueType, 0))
             << "behind the map's end";
+}
+
+TEST(CompositeFont, TellsThatItsMapIsDamagedWhenItIsUsed)
+{
+    FontFile file(Composite(Program::TrueType, "/CIDToGIDMap 8 0 R", "/Identity-H",
+                            {"null", PdfStream("0000 00zz>", "/Filter /ASCIIHexDecode")}));
+    const auto font = file.Read();
+    EXPECT_THAT(file.TakeLateTexts(), IsEmpty());
+    OutlineOf(*font, Code(1));
+    EXPECT_THAT(file.TakeLateTexts(), ElementsAre(StartsWith("the font Made-Bold: its CIDToGIDMap: ")));
 }
 
 TEST(CompositeFont, LeavesItsStreamsAloneUntilAnOutlineIsAskedFor)

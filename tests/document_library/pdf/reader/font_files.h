@@ -10,6 +10,7 @@
 #include <orv_font/font.h>
 #include <plexa/compound.h>
 
+#include "document_library/pdf/reader/late_texts.h"
 #include "document_library/pdf/reader/opened_file.h"
 #include "pdf/fonts/file_font.h"
 #include "pdf/reader/font_reader.h"
@@ -39,8 +40,8 @@ public:
         return reader.Read(dictionary, problems);
     }
 
-    /// The warnings of the file since it was opened or they were last asked for.
-    std::vector<std::string> TakeWarnings() { return file.Get()->TakeWarnings(); }
+    /// What using the fonts found wrong since the last call.
+    std::vector<std::string> TakeLateTexts() { return ReaderTests::TakeLateTexts(*file.Get()); }
 
     const OpenedFile& GetFile() const { return file; }
     std::uint64_t GetDecodedBytes() const

@@ -171,7 +171,7 @@ TEST(FontReader, ReplacesADamagedProgramAndNamesBoth)
     EXPECT_THAT(file.problems, IsEmpty()) << "nobody has looked at the program";
     EXPECT_NE(OutlineOf(*font, "A"), "");
     EXPECT_EQ(AdvanceOf(*font, "A"), 600.0) << "the widths of the file rule";
-    EXPECT_THAT(file.TakeWarnings(),
+    EXPECT_THAT(file.TakeLateTexts(),
                 ElementsAre(HasSubstr("the font Made-Bold is damaged; LiberationSans-Bold is used instead")));
 }
 

@@ -83,12 +83,12 @@ TEST(PdfPicture, DamageIsToldOnceAndLate)
     PictureBench bench({Hexadecimal("01>")});
     const auto picture = bench.Read();
     EXPECT_EQ(bench.problem, "");
-    EXPECT_THAT(bench.TakeWarnings(), IsEmpty());
+    EXPECT_THAT(bench.TakeLateTexts(), IsEmpty());
     SourceOf(*picture).GetPictureBuffer();
-    EXPECT_THAT(bench.TakeWarnings(),
+    EXPECT_THAT(bench.TakeLateTexts(),
                 ElementsAre("the picture in object 3 0: its data ends after 1 bytes of samples"));
     SourceOf(*picture).GetPictureBuffer();
-    EXPECT_THAT(bench.TakeWarnings(), IsEmpty());
+    EXPECT_THAT(bench.TakeLateTexts(), IsEmpty());
 }
 
 TEST(PdfPicture, SamplesThatTheDataDoesNotHaveAreZero)

@@ -55,7 +55,7 @@ struct Decoded
     {
         if (picture)
             samples = SamplesOf(*picture->GetData());
-        warnings = bench.TakeWarnings();
+        warnings = bench.TakeLateTexts();
     }
 
     PictureBench bench;

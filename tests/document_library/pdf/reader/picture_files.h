@@ -12,6 +12,7 @@
 #include <orv_img/picture_data.h>
 #include <orv_img/picture_source.h>
 
+#include "document_library/pdf/reader/late_texts.h"
 #include "orv_img/sample_packing.h"
 #include "pdf/reader/document_resources.h"
 #include "pdf/reader/file_picture.h"
@@ -70,11 +71,7 @@ public:
     }
 
     /// What decoding told since the last call, and parsing.
-    std::vector<std::string> TakeWarnings() const
-    {
-        const OrvPdf::SourceFile::Access access(*file);
-        return file->TakeWarnings();
-    }
+    std::vector<std::string> TakeLateTexts() const { return ReaderTests::TakeLateTexts(*file); }
 
     HarrowSupport::Testing::TemporaryFolder folder;
     std::shared_ptr<const OrvPdf::SourceFile> file;

@@ -11,6 +11,7 @@
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFWriter.hh>
 
+#include "document_library/pdf/reader/late_texts.h"
 #include "document_library/pdf/reader/opened_file.h"
 #include "support/pdf_text.h"
 
@@ -110,8 +111,7 @@ TEST(SourceFile, RepairsACrossReferenceTableAndSaysSo)
     bytes.replace(bytes.find("startxref\n") + 10, 1, "9");
     const ReaderTests::OpenedFile file(bytes);
     EXPECT_TRUE(file.Get()->WasRepaired());
-    EXPECT_THAT(file.Get()->TakeWarnings(), Contains(HasSubstr("reconstruct")));
-    EXPECT_TRUE(file.Get()->TakeWarnings().empty());
+    EXPECT_THAT(file.Get()->GetOpeningProblems(), Contains(HasSubstr("reconstruct")));
 }
 
 TEST(SourceFile, OpensAFileWithTheEmptyPassword)
@@ -189,7 +189,7 @@ TEST(SourceFile, SurvivesAChainOfReferencesThatIsDeeperThanTheStack)
     objects.push_back("1");
     const ReaderTests::OpenedFile file(PdfFile(objects));
     file.GetObject(3).isStream();
-    EXPECT_THAT(file.Get()->TakeWarnings(), Contains(HasSubstr("nested too deeply")));
+    EXPECT_THAT(ReaderTests::TakeLateTexts(*file.Get()), Contains(HasSubstr("nested too deeply")));
 }
 
 TEST(SourceFile, RefusesMoreObjectsThanTheLimit)

@@ -1,0 +1,34 @@
+#include "orv_doc/late_errors.h"
+
+#include <utility>
+
+namespace OrvDoc::Detail
+{
+
+void LateErrors::Add(std::string text)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (isBeyondLimit || told.count(text) > 0)
+        return;
+    if (told.size() < limit) {
+        told.insert(text);
+    } else {
+        isBeyondLimit = true;
+        text = "more errors were found after reading, beyond the limit of " + std::to_string(limit);
+    }
+    waiting.push_back(std::move(text));
+    isAnyWaiting.store(true, std::memory_order_release);
+}
+
+void LateErrors::TakeOver(const std::function<void(const std::vector<std::string>&)>& take)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (waiting.empty())
+        return;
+    take(waiting);
+    waiting.clear();
+    // Only now: who sees that nothing waits must see the outcome as well.
+    isAnyWaiting.store(false, std::memory_order_release);
+}
+
+} // namespace OrvDoc::Detail
