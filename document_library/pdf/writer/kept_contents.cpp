@@ -81,7 +81,35 @@ const NestedSource* KeptContents::FindSource(const OrvPaint::FormPaint& form) co
 bool KeptContents::MayKeep(const OrvDoc::Content& content)
 {
     const auto* const source = dynamic_cast<const NestedSource*>(content.GetSource());
-    return MayKeep(content, source && !source->hasUnmodelled);
+    return MayKeep(content, source && !source->hasUnmodelled && !LosesInside(content));
+}
+
+bool KeptContents::LosesInside(const OrvDoc::Content& content)
+{
+    // A content that holds itself, which only programs make, loses nothing by that.
+    const auto [found, isNew] = knownLosses.emplace(&content, false);
+    if (!isNew) {
+        return found->second;
+    }
+    const std::vector<NestedContent> contents = ListNestedContents(content);
+    const bool loses = std::any_of(contents.begin(), contents.end(),
+                                   [&](const NestedContent& inside) { return Loses(inside); });
+    knownLosses[&content] = loses;
+    return loses;
+}
+
+bool KeptContents::Loses(const NestedContent& inside)
+{
+    const auto* const source = dynamic_cast<const NestedSource*>(inside.content->GetSource());
+    // What was changed is written anew in any case. That also bounds the depth by that of the file.
+    if (!source || inside.content->GetRevision() != source->baseRevision) {
+        return false;
+    }
+    if (const auto* const glyph = dynamic_cast<const GlyphSource*>(source)) {
+        return !glyph->canBeShown;
+    }
+    const bool staysByItself = source->isSelfContained && MayKeep(*inside.content);
+    return !staysByItself && (source->hasUnmodelled || LosesInside(*inside.content));
 }
 
 // Contents that nobody changed are nested no deeper than the reader lets them be.

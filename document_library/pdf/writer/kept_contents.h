@@ -47,16 +47,23 @@ public:
     /// of it are only forms that can be written in the place where they stand. One that has nothing
     /// unmodelled, of which nothing is lost, stays only if all that it paints with does: otherwise it would
     /// have other objects than those who share these with it and are written anew. Each content is walked at
-    /// most twice.
+    /// most twice. One of which writing anew would lose something inside stays as if it were not modelled.
     bool MayKeep(const OrvDoc::Content& content);
+
+    /// Whether a content that is written anew loses something of what it paints with: something unmodelled in
+    /// a content that cannot stay without this one, or the text of a glyph that is other than its font draws
+    /// it. Each content is walked once.
+    bool LosesInside(const OrvDoc::Content& content);
 
 private:
     bool MayKeep(const OrvDoc::Content& content, bool isModelled);
     bool MayKeep(const NestedContent& inside, bool isModelled);
+    bool Loses(const NestedContent& inside);
 
     const OrvDoc::Document& document;
     /// By the content and whether all of it is modelled, it and what is around it.
     std::map<std::pair<const OrvDoc::Content*, bool>, bool> known;
+    std::map<const OrvDoc::Content*, bool> knownLosses;
 };
 
 } // namespace OrvPdf

@@ -83,7 +83,8 @@ std::vector<std::string> PageWriter::Write(const OrvDoc::Page& page, const PageE
     WriteGroup(page, dictionary);
     const std::string place = "page " + std::to_string(page.GetPageIndex() + 1);
     const bool hasUnmodelled = source && source->GetInterpretation().hasUnmodelled;
-    if (hasUnmodelled && content.GetRevision() == source->GetBaseRevision() && nested.MayKeep(content)) {
+    const bool isUnchanged = source && content.GetRevision() == source->GetBaseRevision();
+    if (isUnchanged && (hasUnmodelled || nested.LosesInside(content)) && nested.MayKeep(content)) {
         KeepContent(*source, dictionary);
         nested.Keep(content);
         std::vector<std::string> texts = problems.GetTexts(place);
