@@ -30,7 +30,15 @@ namespace
 {
 
 constexpr std::string_view HeaderMark = "%PDF-";
-constexpr std::string_view TableMark = "startxref";
+constexpr const char* NoHeader = "this is no PDF file: it has no %PDF header";
+
+// "1.10", and one digit more than any file has.
+constexpr std::size_t LongestVersion = 5;
+
+bool IsDigit(char character)
+{
+    return character >= '0' && character <= '9';
+}
 
 bool HasHeader(std::string_view bytes)
 {
@@ -42,6 +50,9 @@ bool MayHaveCatalogue(std::string_view bytes)
 {
     return bytes.find("/Root") != std::string_view::npos || bytes.find("/Catalog") != std::string_view::npos;
 }
+
+// How many times as long as the file its contents may be.
+constexpr std::uint64_t FreeExpansion = 50;
 
 /// Bytes in memory that refuse to be read from too deep a recursion.
 class GuardedInput : public BufferInputSource
@@ -80,12 +91,12 @@ std::shared_ptr<const SourceFile> SourceFile::Open(const boost::filesystem::path
     opened->ReadBytes();
     if (opened->size == 0)
         opened->Fail("the file is empty");
-    // Some readers open files whose header was lost, as long as the end of the file leads to the objects.
-    if (opened->GetBytes().find(HeaderMark) == std::string_view::npos &&
-        opened->GetBytes().find(TableMark) == std::string_view::npos) {
-        opened->Fail("this is no PDF file: it has no %PDF header");
-    }
+    if (!HasHeader(opened->GetBytes()) && !MayHaveCatalogue(opened->GetBytes()))
+        opened->Fail(NoHeader);
+    std::string problem = opened->MendHeader();
     opened->OpenObjects();
+    if (!problem.empty())
+        opened->openingProblems.push_back(std::move(problem));
     return opened;
 }
 
@@ -119,6 +130,36 @@ void SourceFile::ReadBytes()
         Fail("the file cannot be read: " + std::generic_category().message(errno));
 }
 
+// The PDF library takes an object at the very beginning for none, and fails at a version of many digits.
+std::string SourceFile::MendHeader()
+{
+    const std::string_view all = GetBytes();
+    const std::size_t header = all.find(HeaderMark);
+    if (header == std::string_view::npos) {
+        if (!IsDigit(all.front()))
+            return {};
+        InsertBytes(0, "%PDF-2.0\n");
+        return "the file begins without a header";
+    }
+    const std::size_t version = header + HeaderMark.size();
+    const std::size_t end = std::min(all.find_first_not_of("0123456789.", version), all.size());
+    if (end - version <= LongestVersion)
+        return {};
+    // The newest, which all that the file may hold fits. What follows in the line is a comment.
+    std::fill(bytes.get() + version, bytes.get() + end, ' ');
+    std::copy_n("2.0", 3, bytes.get() + version);
+    return "the header names a version that there is not";
+}
+
+void SourceFile::InsertBytes(std::size_t place, std::string_view inserted)
+{
+    std::unique_ptr<char[]> longer(new char[size + inserted.size()]);
+    char* const end = std::copy_n(bytes.get(), place, longer.get());
+    std::copy_n(bytes.get() + place, size - place, std::copy(inserted.begin(), inserted.end(), end));
+    bytes = std::move(longer);
+    size += inserted.size();
+}
+
 std::unique_ptr<QPDF> SourceFile::OpenWith(const std::string& candidate) const
 {
     auto opened = std::make_unique<QPDF>();
@@ -132,7 +173,11 @@ std::unique_ptr<QPDF> SourceFile::OpenWith(const std::string& candidate) const
 
 void SourceFile::OpenObjects()
 {
-    const std::string problem = TryPasswords();
+    std::string problem = TryPasswords();
+    // Where there is no header either, this need not be a file of that kind at all.
+    if (problem.empty() && qpdf && !HasHeader(GetBytes()) &&
+        !qpdf->getTrailer().getKey("/Root").isDictionary())
+        problem = "it has no catalogue";
     if (!problem.empty() && (!AddTrailer() || !TryPasswords().empty()))
         Fail(HasHeader(GetBytes()) ? "the file is damaged beyond repair: " + problem : NoHeader);
     if (!qpdf) {
@@ -142,11 +187,13 @@ void SourceFile::OpenObjects()
     isEncrypted = qpdf->isEncrypted();
     openingProblems = TakeWarnings();
     if (!problem.empty())
-        openingProblems.push_back("the file was read with a trailer made for it, since otherwise: " +
-                                  problem);
-    wasRepaired = std::any_of(openingProblems.begin(), openingProblems.end(), [](const std::string& text) {
-        return text.find("Attempting to reconstruct cross-reference table") != std::string::npos;
-    });
+        openingProblems.push_back(
+            "the file was read with a cross-reference table made for it, since otherwise: " + problem);
+    wasRepaired =
+        !problem.empty() ||
+        std::any_of(openingProblems.begin(), openingProblems.end(), [](const std::string& text) {
+            return text.find("Attempting to reconstruct cross-reference table") != std::string::npos;
+        });
     CheckObjectCount();
 }
 
@@ -161,8 +208,7 @@ void SourceFile::CheckObjectCount() const
         return;
     const std::uint64_t count = qpdf->getXRefTable().size();
     if (count > limit) {
-        Fail("the file has " + std::to_string(count) + " objects, more than the limit indirectObjects of " +
-             std::to_string(limit));
+        Fail(LimitText("indirectObjects", limit, "the file has " + std::to_string(count) + " objects"));
     }
 }
 
@@ -198,11 +244,7 @@ bool SourceFile::AddTrailer()
     const std::string table = MakeTable(GetBytes());
     if (table.empty())
         return false;
-    std::unique_ptr<char[]> longer(new char[size + table.size()]);
-    std::copy_n(bytes.get(), size, longer.get());
-    std::copy_n(table.data(), table.size(), longer.get() + size);
-    bytes = std::move(longer);
-    size += table.size();
+    InsertBytes(size, table);
     return true;
 }
 
@@ -243,6 +285,27 @@ std::uint64_t SourceFile::GetDecodedBytesLeft() const
 {
     const std::uint64_t used = decodedBytes.load();
     return used < options.limits.documentBytes ? options.limits.documentBytes - used : 0;
+}
+
+ByteLimit SourceFile::GetContentLimit(std::uint64_t used) const
+{
+    const OrvDoc::ReadOptions::Limits& limits = options.limits;
+    const std::uint64_t left =
+        limits.contentStreamBytes > used ? limits.contentStreamBytes - used : std::uint64_t{0};
+    const std::uint64_t free = FreeExpansion * size;
+    const std::uint64_t count = contentBytes.load();
+    const std::uint64_t beyondFree = count > free ? count - free : 0;
+    const std::uint64_t extra = limits.contentBytes > beyondFree ? limits.contentBytes - beyondFree : 0;
+    const std::uint64_t ofFile = count < free ? free - count : 0;
+    // Written so that a limit that stands for no limit does not overflow.
+    if (left > ofFile && left - ofFile > extra)
+        return {ofFile + extra, "contentBytes", limits.contentBytes};
+    return {left, "contentStreamBytes", limits.contentStreamBytes};
+}
+
+void SourceFile::CountContentBytes(std::uint64_t count) const
+{
+    contentBytes += count;
 }
 
 void SourceFile::CountDecodedBytes(std::uint64_t count) const

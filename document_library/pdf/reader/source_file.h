@@ -12,6 +12,8 @@
 
 #include <orv_doc/read_options.h>
 
+#include "pdf/reader/byte_limit.h"
+
 class QPDF;
 
 namespace OrvDoc::Detail
@@ -77,10 +79,19 @@ public:
     /// Counts bytes that were decoded.
     void CountDecodedBytes(std::uint64_t count) const;
 
+    /// How many bytes a content of the document may decode to, of which some are used already where a content
+    /// has several parts, and the limit that this comes from.
+    ByteLimit GetContentLimit(std::uint64_t used = 0) const;
+    /// Counts bytes of contents that were decoded.
+    void CountContentBytes(std::uint64_t count) const;
+
 private:
     SourceFile(const boost::filesystem::path& file, const OrvDoc::ReadOptions& givenOptions);
 
     void ReadBytes();
+    /// Changes the bytes where the PDF library could not read the header. What was wrong is returned.
+    std::string MendHeader();
+    void InsertBytes(std::size_t place, std::string_view inserted);
     void OpenObjects();
     /// Opens with the first form of the password that fits. What else prevents it is returned.
     std::string TryPasswords();
@@ -105,6 +116,7 @@ private:
     std::shared_ptr<OrvDoc::Detail::LateErrors> lateErrors;
     mutable std::recursive_mutex mutex;
     mutable std::atomic<std::uint64_t> decodedBytes{0};
+    mutable std::atomic<std::uint64_t> contentBytes{0};
 };
 
 } // namespace OrvPdf

@@ -124,7 +124,7 @@ public:
             if (const auto head = ReadObjectHead(bytes, place)) {
                 found[head->first.number] = {head->first.generation, head->second};
                 if (!isEncrypted) {
-                    Expand(bytes.substr(place + 3));
+                    Expand(place + 3);
                 }
             }
         }
@@ -134,9 +134,11 @@ public:
     const std::string& GetExpanded() const { return expanded; }
 
 private:
-    /// Writes the objects of an object stream behind the file; nothing if the object is something else.
-    void Expand(std::string_view object)
+    /// Writes the objects of an object stream behind the file; nothing if the object, which begins at that
+    /// place, is something else.
+    void Expand(std::size_t place)
     {
+        const std::string_view object = bytes.substr(place);
         const std::size_t begin = object.substr(0, LargestEntry).find("stream");
         if (begin == std::string_view::npos) {
             return;
@@ -147,8 +149,9 @@ private:
         }
         const auto count = FindNumber(dictionary, "/N");
         const auto first = FindNumber(dictionary, "/First");
-        std::string_view data = object.substr(begin + std::string_view("stream").size());
-        data = data.substr(0, data.find("endstream"));
+        const std::size_t dataBegin = place + begin + std::string_view("stream").size();
+        const std::string_view all = bytes.substr(dataBegin);
+        std::string_view data = all.substr(0, FindDataEnd(dataBegin) - dataBegin);
         data.remove_prefix(std::min(data.find_first_not_of("\r\n"), data.size()));
         if (dictionary.find("/FlateDecode") != std::string_view::npos) {
             const DecodingResult inflated = Inflate(data, left);
@@ -157,6 +160,16 @@ private:
         } else if (dictionary.find("/Filter") == std::string_view::npos) {
             AppendObjects(data, count.value_or(0), first.value_or(0));
         }
+    }
+
+    /// The place of the next end of a stream, or the end of the file. The bytes are looked through once,
+    /// since the places that are asked for ascend.
+    std::size_t FindDataEnd(std::size_t place)
+    {
+        if (place > dataEnd) {
+            dataEnd = std::min(bytes.find("endstream", place), bytes.size());
+        }
+        return dataEnd;
     }
 
     void AppendObjects(std::string_view data, std::size_t count, std::size_t first)
@@ -192,6 +205,7 @@ private:
     bool isEncrypted;
     FoundObjects found;
     std::string expanded;
+    std::size_t dataEnd = 0;
     /// How many more bytes may come out of object streams.
     std::size_t left = LargestExpansion;
 };

@@ -29,7 +29,7 @@ void RequireKeyLength(QPDFObjectHandle trailer)
     if (version >= 4) {
         length = version == 4 ? 128 : 256;
     } else if (length < 40 || length > 128 || length % 8 != 0) {
-        length = 128;
+        length = version <= 1 ? 40 : 128;
     }
     encryption.replaceKey("/Length", QPDFObjectHandle::newInteger(length));
 }

@@ -65,19 +65,9 @@ private:
     std::vector<unsigned char> buffer;
 };
 
-/// The PDF library fails at a version with numbers that no file has.
-bool IsUsableVersion(const std::string& version)
-{
-    return version.size() <= std::strlen("1.10");
-}
-
 void WriteTo(Pipeline& output, DocumentAssembly& assembly)
 {
     QPDFWriter writer(*assembly.file);
-    if (!IsUsableVersion(assembly.file->getPDFVersion())) {
-        // The newest, which all that the file may hold fits.
-        writer.forcePDFVersion("2.0");
-    }
     writer.setOutputPipeline(&output);
     writer.setObjectStreamMode(qpdf_o_generate);
     writer.setMinimumPDFVersion(assembly.version);

@@ -91,13 +91,17 @@ TEST(SourceFile, RefusesWhatHasNoHeader)
     EXPECT_THAT(ReasonOf("Dear reader, 1 0 obj"), HasSubstr("no PDF file"));
 }
 
-TEST(SourceFile, OpensWhatLostItsHeaderAndSaysSo)
+TEST(SourceFile, RefusesWhatHasNeitherHeaderNorPages)
 {
-    std::string bytes = OnePage();
-    bytes.replace(0, 5, "%XXX-");
-    const ReaderTests::OpenedFile file(bytes);
+    EXPECT_THAT(ReasonOf("trailer << /Root 1 0 R >>"), HasSubstr("no PDF file"));
+}
+
+TEST(SourceFile, OpensAFileWithoutAHeaderAndSaysSo)
+{
+    const std::string bytes = OnePage();
+    const ReaderTests::OpenedFile file(bytes.substr(bytes.find("1 0 obj")));
     EXPECT_TRUE(file.GetCatalogue().isDictionary());
-    EXPECT_THAT(file.Get()->TakeWarnings(), Contains(HasSubstr("header")));
+    EXPECT_THAT(file.Get()->GetOpeningProblems(), Contains(HasSubstr("header")));
 }
 
 TEST(SourceFile, TellsThatAFileIsDamagedBeyondRepair)
@@ -199,7 +203,7 @@ TEST(SourceFile, RefusesMoreObjectsThanTheLimit)
     options.limits.indirectObjects = 3;
     EXPECT_THAT([&] { ReaderTests::OpenedFile file(OnePage(), options); },
                 testing::ThrowsMessage<std::runtime_error>(
-                    HasSubstr("4 objects, more than the limit indirectObjects of 3")));
+                    HasSubstr("limit indirectObjects: 3 reached, the file has 4 objects")));
     options.limits.indirectObjects = 4;
     EXPECT_EQ(ReaderTests::OpenedFile(OnePage(), options).GetQpdf().getXRefTable().size(), 4u);
 }
