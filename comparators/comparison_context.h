@@ -41,15 +41,6 @@ class PatternPaint;
 namespace HarrowSupport::Comparators
 {
 
-/// A pair of contents that is being compared.
-struct OpenWalk
-{
-    const OrvDoc::Content* left;
-    const OrvDoc::Content* right;
-    /// How many members of the reuse lists were known when the walk began.
-    std::size_t knownMembers;
-};
-
 /// The state of one call of Compare, passed by reference to all comparison code and gone when the call ends.
 ///
 /// The memo fields live as long as the call and so span all pages of a document: what two pages share is
@@ -100,8 +91,10 @@ struct ComparisonContext
     /// For each right unique ID in formUniqueIds, the lowest left one that it belongs to. It only saves a
     /// scan.
     std::map<std::string, std::string> lowestLeftIds;
-    /// The contents that the walk is inside, outermost first. It only ends a walk that would never end.
-    std::vector<OpenWalk> openWalks;
+    /// The contents that the walk is inside, left pointer first; and for each time that it is inside of them,
+    /// the outermost first, how many members of the reuse lists were known when it came there. It only ends a
+    /// walk that would never end.
+    std::map<std::pair<const OrvDoc::Content*, const OrvDoc::Content*>, std::vector<std::size_t>> openWalks;
 };
 
 } // namespace HarrowSupport::Comparators

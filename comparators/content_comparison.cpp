@@ -8,6 +8,7 @@
 #include "comparison_context.h"
 #include "flat_child_iterator.h"
 #include "object_type_name.h"
+#include "stack_room.h"
 
 #include <orv_doc/blend_color_space.h>
 #include <orv_doc/content.h>
@@ -16,7 +17,6 @@
 #include <orv_doc/group.h>
 #include <orv_doc/transfer_function_set.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <iostream>
 #include <string>
@@ -95,19 +95,12 @@ std::size_t CountKnownMembers(const ComparisonContext& context)
 bool GoesRoundForever(const ComparisonContext& context, const OrvDoc::Content& left,
                       const OrvDoc::Content& right)
 {
-    const auto innermost =
-        std::find_if(context.openWalks.rbegin(), context.openWalks.rend(),
-                     [&](const OpenWalk& walk) { return walk.left == &left && walk.right == &right; });
-    return innermost != context.openWalks.rend() && innermost->knownMembers == CountKnownMembers(context);
+    const auto walks = context.openWalks.find({&left, &right});
+    return walks != context.openWalks.end() && walks->second.back() == CountKnownMembers(context);
 }
 
-} // namespace
-
-bool CompareContents(ComparisonContext& context, const OrvDoc::Content& left, const OrvDoc::Content& right)
+bool CompareOnce(ComparisonContext& context, const OrvDoc::Content& left, const OrvDoc::Content& right)
 {
-    if (GoesRoundForever(context, left, right))
-        return true;
-    context.openWalks.push_back({&left, &right, CountKnownMembers(context)});
     DifferenceScope<OrvDoc::Content> scope(left, right);
     if (left.GetType() != right.GetType())
         scope.AddValues("ContentType", left.GetType(), right.GetType());
@@ -119,7 +112,24 @@ bool CompareContents(ComparisonContext& context, const OrvDoc::Content& left, co
     }
     const bool completed = CompareChildLists(context, left.GetChildren(), right.GetChildren());
     scope.Flush(context.reporter);
-    context.openWalks.pop_back();
+    return completed;
+}
+
+} // namespace
+
+bool CompareContents(ComparisonContext& context, const OrvDoc::Content& left, const OrvDoc::Content& right)
+{
+    if (GoesRoundForever(context, left, right))
+        return true;
+    const auto walks = context.openWalks.try_emplace({&left, &right}).first;
+    walks->second.push_back(CountKnownMembers(context));
+    // Contents inside of contents nest as deep as they like, too, and what is compared around them is not
+    // finished yet.
+    bool completed = false;
+    CallWithStackRoom([&] { completed = CompareOnce(context, left, right); });
+    walks->second.pop_back();
+    if (walks->second.empty())
+        context.openWalks.erase(walks);
     return completed;
 }
 

@@ -19,9 +19,9 @@ public:
     struct Limits
     {
         /// Levels of arrays and dictionaries within one object, in the file or among a content stream's
-        /// operands. Real objects stay below 20; the parsers recurse, and a level costs them up to a kilobyte
-        /// of stack.
-        std::uint32_t objectNesting = 500;
+        /// operands. Real objects stay below 20. What the model keeps as an `OrvSys::PdfObject` has at most
+        /// that class's `MaxDepth`, also under a larger limit.
+        std::uint32_t objectNesting = 100;
 
         /// Levels of `q`, marked content and text objects within one content stream. Some producers never
         /// close what they open on a page; the objects that the reader makes are walked recursively by many
@@ -40,7 +40,7 @@ public:
         std::uint32_t layerOrderNesting = 64;
 
         /// Pages. The largest real files, printed transaction records, have some hundred thousand.
-        std::uint64_t pages = 1000000;
+        std::uint64_t pages = 500000;
 
         /// Indirect objects in the file. The largest number that ISO 32000-1, Annex C.2 lets a conforming
         /// reader expect.
@@ -51,28 +51,48 @@ public:
         /// read.
         std::uint64_t contentStreamBytes = UINT64_C(256) << 20;
 
-        /// Bytes of any other single stream after its filters, pictures included. A picture of 16384 by 16384
+        /// Bytes of all contents of a document together after their filters, beyond 50 times the length of
+        /// the file, each counted whenever it is read. Real ones are three to ten times as long as their
+        /// deflated form; deflate can make it a thousand times, any number of pages can share one, and what
+        /// is made of a byte takes up to 50 bytes of memory.
+        std::uint64_t contentBytes = UINT64_C(16) << 20;
+
+        /// Bytes of one profile, font program, character map, function or mesh of a shading after its
+        /// filters. The largest, fonts of all characters of China, Japan and Korea and profiles of many
+        /// colorants, have some ten million. They are held whole, and some of them twice.
+        std::uint64_t resourceBytes = UINT64_C(64) << 20;
+
+        /// Bytes of any other single stream after its filters, which are pictures. One of 16384 by 16384
         /// pixels in four channels of 8 bits has just that size. Deflate can blow a kilobyte up to a
         /// megabyte, so the length in the file says nothing.
         std::uint64_t streamBytes = UINT64_C(1) << 30;
 
         /// Bytes that all decoded streams of a document take, each counted whenever it is decoded anew.
-        /// Bounds the time that a file of many streams at the limit above takes to some minutes. A scanned
-        /// book of a thousand pages has about a tenth of it.
+        /// Bounds the time that a file of many streams at the limit above takes to some minutes; to get there
+        /// it has to have 60 million bytes, as deflate makes at most a thousand of one. A scanned book of a
+        /// thousand pages has about a tenth of the limit.
         std::uint64_t documentBytes = UINT64_C(64) << 30;
 
-        /// Content objects of one content, groups included. The densest real drawings have some millions. An
-        /// object takes up to a kilobyte of memory, and a content stream can ask for one with every few
-        /// bytes.
-        std::uint64_t contentObjects = 10000000;
+        /// Content objects of one content, groups included. The densest real drawings have one or two
+        /// millions. An object takes some hundred bytes of memory, and a content stream can ask for one with
+        /// every few bytes.
+        std::uint64_t contentObjects = 3000000;
 
-        /// Operands in front of one operator. A separation colour has as many as it has colorants, and the
-        /// other operators at most six; arrays count once. ISO 32000-1, Annex C.2 gives DeviceN 32 colorants,
-        /// and files go beyond that.
+        /// Groups of one content that are made a second time, since clips and marked content overlap. Real
+        /// pages have some hundred; each overlap can ask for as many as there are levels.
+        std::uint64_t groupCopies = 100000;
+
+        /// Matrices and clips of one content that are corrected because a group with a matrix of its own ends
+        /// before the states that began in it. The writer makes no such content.
+        std::uint64_t groupCorrections = 1000000;
+
+        /// Operands in front of one operator; 64 are read in any case. A separation colour has as many as it
+        /// has colorants, and the other operators at most six; arrays count once. ISO 32000-1, Annex C.2
+        /// gives DeviceN 32 colorants, and files go beyond that.
         std::uint32_t operands = 1024;
 
-        /// Elements of one array or entries of one dictionary among the operands. The longest real ones are
-        /// the strings of `TJ` and the tables of inline images.
+        /// Elements of all arrays and dictionaries in front of one operator. The longest real ones are the
+        /// strings of `TJ` and the tables of inline images.
         std::uint64_t operandElements = 1000000;
 
         /// Bytes of one string or name among the operands.
@@ -80,7 +100,7 @@ public:
 
         /// Segments of one path. Traced drawings and maps have paths of some millions; a segment takes up to
         /// 56 bytes.
-        std::uint64_t pathSegments = 20000000;
+        std::uint64_t pathSegments = 10000000;
 
         /// Lengths of one dash pattern. Each stroke has its own pattern, and an operator of five bytes can
         /// give the next stroke another one; real patterns have up to a dozen.
@@ -90,8 +110,8 @@ public:
         /// JPX and DCT data give dimensions of their own that `streamBytes` does not see.
         std::uint64_t pictureSamples = UINT64_C(1) << 30;
 
-        /// Colorants of one colour space. DeviceN has at most 32 by ISO 32000-1, Annex C.2; the field leaves
-        /// room for files that go beyond it.
+        /// Colorants of one colour space; the model takes at most 256, also under a larger limit. DeviceN has
+        /// at most 32 by ISO 32000-1, Annex C.2; the field leaves room for files that go beyond it.
         std::uint32_t colorants = 256;
 
         /// Samples of the table of one sampled function (product of the sizes times outputs). A table of four
@@ -101,8 +121,8 @@ public:
         /// Levels of functions within stitching functions, and of braces in a calculator function.
         std::uint32_t functionNesting = 32;
 
-        /// Tokens of one calculator function. Real ones have at most some thousand.
-        std::uint64_t calculatorTokens = 1000000;
+        /// Tokens of one calculator function, braces included. Real ones have at most some thousand.
+        std::uint64_t calculatorTokens = 100000;
 
         /// Active errors that one content keeps, and one document. A damaged stream can have an error for
         /// each of its operators; the last entry tells how many more there were.

@@ -103,7 +103,8 @@ HARROW_EXPORT void Compare(Reporter& reporter, const std::vector<OrvDoc::Separat
                            const std::vector<OrvDoc::Separation::Entry>& right, const Options& options);
 
 /// Compares two contents with all objects in them, those inside groups, forms, patterns and soft masks
-/// included.
+/// included. Depth takes memory and no stack: contents that lie thousands deep inside of one another are
+/// compared, and reported, on other threads, one at a time, while the caller waits.
 HARROW_EXPORT void Compare(Reporter& reporter, const OrvDoc::Content& left, const OrvDoc::Content& right,
                            const Options& options);
 

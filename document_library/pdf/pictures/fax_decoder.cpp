@@ -217,10 +217,10 @@ Raster DecodeFax(std::string_view data, const FaxParameters& parameters, std::si
     }
     TellProblem(raster, rows.GetProblem());
     if (wanted == 0) {
+        // One row more is what goes beyond a limit, and says which.
+        raster.height = line != nullptr ? count + 1 : count;
+        FitsLimits(raster, 0, limits);
         raster.height = count;
-        if (line != nullptr)
-            TellProblem(raster, "the fax data goes on after " + std::to_string(count) +
-                                    " rows, more than the limits allow");
     } else if (count < wanted) {
         TellProblem(raster, "the fax data ends after " + std::to_string(count) + " rows of " +
                                 std::to_string(wanted));

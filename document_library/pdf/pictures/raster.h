@@ -28,6 +28,9 @@ struct RasterLimits
 {
     std::uint64_t samples;
     std::uint64_t bytes;
+    /// The limit that the bytes come from, and its value: more than `bytes` if some of it is used up.
+    const char* bytesName = "streamBytes";
+    std::uint64_t bytesValue = bytes;
 };
 
 } // namespace OrvPdf

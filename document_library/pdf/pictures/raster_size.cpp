@@ -2,6 +2,8 @@
 
 #include <limits>
 
+#include "pdf/limit_text.h"
+
 namespace OrvPdf
 {
 
@@ -27,17 +29,16 @@ bool FitsLimits(Raster& raster, std::uint64_t working, const RasterLimits& limit
 {
     const std::uint64_t samples = Multiply(Multiply(raster.width, raster.height), raster.channels);
     if (samples > limits.samples) {
-        TellProblem(raster, "the picture has " + std::to_string(raster.width) + " by " +
-                                std::to_string(raster.height) + " pixels of " +
-                                std::to_string(raster.channels) + " channels, more than the limit of " +
-                                std::to_string(limits.samples) + " samples");
+        TellProblem(raster, LimitText("pictureSamples", limits.samples,
+                                      "the data has " + std::to_string(raster.width) + " by " +
+                                          std::to_string(raster.height) + " pixels of " +
+                                          std::to_string(raster.channels) + " channels"));
         return false;
     }
     const std::uint64_t bytes =
         Multiply(BytesOfRasterRow(raster.width, raster.channels, raster.bits), raster.height);
     if (bytes > limits.bytes || working > limits.bytes - bytes) {
-        TellProblem(raster, "decoding the picture takes more than the " + std::to_string(limits.bytes) +
-                                " bytes that are left");
+        TellProblem(raster, LimitText(limits.bytesName, limits.bytesValue, "the data is not decoded"));
         return false;
     }
     return true;

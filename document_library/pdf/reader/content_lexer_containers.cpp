@@ -45,7 +45,7 @@ void ContentLexer::UpdateRoom()
     if (tooDeep > 0) {
         room = 0;
     } else if (open.size() > 1) {
-        room = std::size_t{limits.elements} + limits.operands;
+        room = std::size_t{limits.elements} + open.front().count;
     } else {
         // Containers take places of the row, and the operands at the outer level are what is limited here.
         const std::size_t outer = open.front().count;

@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "pdf/limit_text.h"
+
 namespace OrvPdf
 {
 
@@ -39,8 +41,8 @@ public:
     std::vector<std::string> Take()
     {
         if (omitted > 0)
-            texts.push_back(std::to_string(omitted) + " more errors beyond the limit of " +
-                            std::to_string(limit));
+            texts.push_back(
+                LimitText("errors", limit, std::to_string(omitted) + " more problems are not listed"));
         omitted = 0;
         return std::exchange(texts, {});
     }

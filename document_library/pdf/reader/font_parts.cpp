@@ -20,8 +20,6 @@ namespace
 using OrvFont::Font;
 
 constexpr long long heaviest = 900;
-// The largest font programs, of all characters of China, Japan and Korea, take some ten million bytes.
-constexpr std::uint64_t largestStream = std::uint64_t{256} << 20;
 
 class FileFontStream : public FontStream
 {
@@ -38,8 +36,8 @@ public:
             const SourceFile::Access access(*file);
             encoded = FetchStream(stream);
         }
-        const std::uint64_t largest = std::min(largestStream, file->GetOptions().limits.streamBytes);
-        const DecodedStream decoded = DecodeStream(*file, encoded, {largest, "streamBytes", largest});
+        const std::uint64_t largest = file->GetOptions().limits.resourceBytes;
+        const DecodedStream decoded = DecodeStream(*file, encoded, {largest, "resourceBytes", largest});
         problem = decoded.problem;
         if (!problem.empty() && !name.empty())
             file->Tell(name + ": " + problem);

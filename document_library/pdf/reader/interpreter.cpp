@@ -14,14 +14,11 @@ namespace OrvPdf
 namespace
 {
 
-// Overlapping clips and marked content occur in real files some hundred times a page at most.
-constexpr std::uint64_t maximumGroupCopies = 100000;
-
 enum class Meaning
 {
-    Damaged,   // The bytes are left out.
-    Odd,       // They are read nonetheless.
-    Unmodelled // A limit leaves out what others may read.
+    Damaged, // The bytes are left out.
+    Odd,     // They are read nonetheless.
+    Limit    // A limit leaves out what others may read.
 };
 
 Meaning MeaningOf(DamageKind kind)
@@ -38,7 +35,7 @@ Meaning MeaningOf(DamageKind kind)
     case DamageKind::TooManyElements:
     case DamageKind::NestingTooDeep:
     case DamageKind::StringTooLong:
-        return Meaning::Unmodelled;
+        return Meaning::Limit;
     default:
         return Meaning::Damaged;
     }
@@ -65,7 +62,7 @@ Interpreter::Interpreter(ContentResources& contentResources, const OrvDoc::ReadO
       limits(readLimits),
       box(frame.box),
       problems(readLimits.errors),
-      tree(content, readLimits.contentObjects, maximumGroupCopies),
+      tree(content, readLimits.contentObjects, readLimits.groupCopies),
       state(frame.initial ? *frame.initial : BeginPage()),
       isGlyph(frame.isGlyph),
       beginsWithUnknownState(frame.initial != nullptr)
@@ -109,12 +106,25 @@ void Interpreter::TakeLexerDamages(const ContentLexer& lexer)
         case Meaning::Odd:
             problems.Odd({}, DamageText(damage.kind), {}, place);
             break;
-        case Meaning::Unmodelled:
-            problems.Unmodelled({}, DamageText(damage.kind), {}, place);
+        case Meaning::Limit:
+            TellLimit(damage.kind, place);
             break;
         }
     }
     problems.CountDropped(lexer.DamageCount() - lexer.Damages().size());
+}
+
+void Interpreter::TellLimit(DamageKind kind, ByteRange place)
+{
+    if (kind == DamageKind::TooManyOperands) {
+        problems.Limit("operands", limits.operands, place);
+    } else if (kind == DamageKind::TooManyElements) {
+        problems.Limit("operandElements", limits.operandElements, place);
+    } else if (kind == DamageKind::NestingTooDeep) {
+        problems.Limit("objectNesting", limits.objectNesting, place);
+    } else {
+        problems.Limit("operandBytes", limits.operandBytes, place);
+    }
 }
 
 void Interpreter::Finish(std::size_t streamSize)
@@ -140,7 +150,7 @@ void Interpreter::Finish(std::size_t streamSize)
         problems.Limit("contentObjects", limits.contentObjects, end);
     }
     if (tree.HitCopyLimit()) {
-        problems.Limit("groups cut up by overlaps", maximumGroupCopies, end);
+        problems.Limit("groupCopies", limits.groupCopies, end);
     }
 }
 

@@ -216,6 +216,7 @@ private:
 
     // interpreter.cpp
     void TakeLexerDamages(const ContentLexer& lexer);
+    void TellLimit(DamageKind kind, ByteRange place);
     void Finish(std::size_t streamSize);
     bool IsExpected(const ExpectedMatrix& matrix) const
     {
@@ -432,9 +433,9 @@ private:
     /// The groups with a transformation of their own that the matrix of the state is relative to, outermost
     /// first.
     std::vector<Base> bases;
-    /// How many matrices may still be corrected because marked content ended before the state that began in
+    /// How many matrices and clips were corrected because marked content ended before the state that began in
     /// it.
-    std::uint64_t correctionsLeft = 1000000;
+    std::uint64_t corrections = 0;
     /// Clips that a group claims as its own. A claim ends with the first object that is no clip, which the
     /// clips behind it don't clip.
     std::uint64_t ownClipsLeft = 0;

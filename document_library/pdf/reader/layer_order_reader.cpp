@@ -8,6 +8,7 @@
 
 #include <orv_doc/layer_properties.h>
 
+#include "pdf/limit_text.h"
 #include "pdf/reader/qpdf_text.h"
 
 namespace OrvPdf
@@ -38,8 +39,8 @@ public:
     void Read(QPDFObjectHandle array, std::size_t depth, std::ptrdiff_t begin, Nodes& nodes)
     {
         if (depth >= levels) {
-            errors.Add("OCProperties: D: Order: what lies deeper than the limit layerOrderNesting of " +
-                       std::to_string(levels) + " levels is left out");
+            errors.Add("OCProperties: D: Order: " +
+                       LimitText("layerOrderNesting", levels, "what lies deeper is left out"));
             return;
         }
         if (array.isIndirect() && !open.insert(array.getObjGen()).second) {

@@ -155,42 +155,4 @@ void Interpreter::MarkedPointList(const Arguments& arguments)
     }
 }
 
-void Interpreter::BeginNamedText(const PdfObject& properties, const Arguments& arguments)
-{
-    EndRun();
-    // The glyphs of a Type 3 font are objects of their own, so there is no text that begins.
-    if (!PrepareShowing(arguments) || ShowsGlyphs()) {
-        return;
-    }
-    PrepareRun();
-    Matrix own;
-    Matrix ofObject;
-    if (ReadMatrix(properties.Find(Tags::textKey), own) &&
-        ReadMatrix(properties.Find(Tags::matrixKey), ofObject)) {
-        text.run->SplitMatrix(own, ofObject);
-    }
-}
-
-void Interpreter::NameLine(const PdfObject& properties)
-{
-    Matrix matrix;
-    if (ReadMatrix(properties.Find(Tags::matrixKey), matrix, 0)) {
-        exactLine = {matrix.a, matrix.b, matrix.c, matrix.d, matrix.x.value, matrix.y.value};
-        exactLineOperation = operationNumber;
-    }
-}
-
-void Interpreter::ApplyAttributes(const PdfObject& properties, const Arguments& arguments)
-{
-    const bool isInside = droppedMarks == 0 && !openMarks.empty() && tree.IsInnermost(openMarks.back().scope);
-    if (!isInside) {
-        problems.Odd(arguments.OperatorText(), "attributes of a group that is none", {}, arguments.Place());
-        return;
-    }
-    GroupRecipe recipe = ReadGroupRecipe(properties);
-    recipe.transformation = tree.GetInnermostRecipe().transformation;
-    tree.SetAttributes(recipe);
-    ExpectGroupParts(openMarks.back().scope, properties, arguments);
-}
-
 } // namespace OrvPdf

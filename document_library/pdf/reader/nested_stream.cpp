@@ -5,6 +5,7 @@
 #include <orv_doc/document.h>
 #include <orv_doc/errors.h>
 
+#include "pdf/limit_text.h"
 #include "pdf/marked_content_tags.h"
 #include "pdf/reader/document_resources.h"
 #include "pdf/reader/geometry_reader.h"
@@ -12,6 +13,7 @@
 #include "pdf/reader/nested_source.h"
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/reader/resource_reader.h"
+#include "pdf/reader/stack_room.h"
 #include "pdf/reader/stream_data.h"
 
 namespace OrvPdf
@@ -71,7 +73,9 @@ bool NestedStream::MayRead(std::string& problem) const
         problem = "it is painted inside of itself";
         ++document.GetNestedContents().cycles;
     } else if (document.GetNestedContents().depth >= limit) {
-        problem = "it goes beyond the limit formNesting of " + std::to_string(limit);
+        problem = LimitText("formNesting", limit);
+    } else if (!HasStackRoom()) {
+        problem = "the stack of the thread has no room for what is so deep inside of others";
     }
     return problem.empty();
 }
@@ -98,8 +102,8 @@ NestedStream::Reading NestedStream::Read(OrvDoc::Content::Type type, const Graph
         box = ReadRectangle(GetEntry(stream, "/BBox"), "BBox", problems);
         encoded = FetchStream(stream);
     }
-    const DecodedStream decoded = DecodeStream(
-        file, encoded, {limits.contentStreamBytes, "contentStreamBytes", limits.contentStreamBytes});
+    const DecodedStream decoded = DecodeStream(file, encoded, file.GetContentLimit());
+    file.CountContentBytes(decoded.bytes.GetSize());
     if (!decoded.problem.empty()) {
         reading.errors.Add(decoded.problem);
     }

@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "pdf/limit_text.h"
+#include "pdf/reader/definition_limits.h"
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/reader/resource_guard.h"
 #include "pdf/reader/source_file.h"
@@ -19,7 +21,6 @@ namespace
 constexpr std::size_t MostNodes = 250'000;
 // Real documents define some hundred resources; hostile ones define one large object under many names.
 constexpr std::uint64_t MostNodesOfDocument = 20'000'000;
-constexpr std::uint64_t LargestStream = std::uint64_t{256} << 20;
 constexpr std::uint64_t LargestKeptStreams = std::uint64_t{64} << 20;
 
 struct ConversionFailure : std::runtime_error
@@ -88,19 +89,27 @@ OrvSys::PdfObject ObjectConverter::ConvertValue(QPDFObjectHandle object, Run& ru
     const std::size_t deepest =
         std::min<std::size_t>(PdfObject::MaxDepth, file.GetOptions().limits.objectNesting);
     if (run.depth >= deepest)
-        throw ConversionFailure("the object is nested deeper than " + std::to_string(deepest) + " levels");
+        throw ConversionFailure(LimitText("objectNesting", deepest));
+    const std::string limit = FindDefinitionLimit(object, run.functions, file.GetOptions().limits);
+    if (!limit.empty())
+        throw ConversionFailure(limit);
+    const bool isFunction = IsFunction(object);
     ++run.depth;
-    PdfObject converted;
-    if (object.isArray()) {
-        PdfObject::Items items;
-        for (QPDFObjectHandle item : object.getArrayAsVector())
-            items.push_back(ConvertNode(item, run));
-        converted = PdfObject::Array(std::move(items));
-    } else {
-        converted = object.isStream() ? ConvertStream(object, run) : ConvertDictionary(object, run);
-    }
+    run.functions += isFunction ? 1 : 0;
+    const PdfObject converted = ConvertContainer(object, run);
+    run.functions -= isFunction ? 1 : 0;
     --run.depth;
     return converted;
+}
+
+OrvSys::PdfObject ObjectConverter::ConvertContainer(QPDFObjectHandle object, Run& run)
+{
+    if (!object.isArray())
+        return object.isStream() ? ConvertStream(object, run) : ConvertDictionary(object, run);
+    OrvSys::PdfObject::Items items;
+    for (QPDFObjectHandle item : object.getArrayAsVector())
+        items.push_back(ConvertNode(item, run));
+    return OrvSys::PdfObject::Array(std::move(items));
 }
 
 OrvSys::PdfObject ObjectConverter::ConvertDictionary(QPDFObjectHandle dictionary, Run& run)
@@ -113,11 +122,11 @@ OrvSys::PdfObject ObjectConverter::ConvertDictionary(QPDFObjectHandle dictionary
 
 OrvSys::PdfObject ObjectConverter::ConvertStream(QPDFObjectHandle stream, Run& run)
 {
-    const std::uint64_t largest = std::min(LargestStream, file.GetOptions().limits.streamBytes);
+    const std::uint64_t largest = file.GetOptions().limits.resourceBytes;
     const EncodedStream encoded = FetchStream(stream);
     if (!encoded.raw)
         throw ConversionFailure(DescribeObject(stream) + ": " + encoded.problem);
-    const DecodedStream decoded = DecodeStream(file, encoded, {largest, "streamBytes", largest});
+    const DecodedStream decoded = DecodeStream(file, encoded, {largest, "resourceBytes", largest});
     if (decoded.isDecoded && !decoded.problem.empty())
         file.Tell(DescribeObject(stream) + ": " + decoded.problem);
     if (decoded.isDecoded && GetEntry(stream, "/FunctionType").isInteger() &&

@@ -41,10 +41,12 @@ private:
         Finished finished;         // So that an object that is referred to twice is converted once.
         std::size_t nodes = 0;
         std::size_t depth = 0;
+        std::size_t functions = 0; // How many of what is open are functions.
     };
 
     OrvSys::PdfObject ConvertNode(QPDFObjectHandle object, Run& run);
     OrvSys::PdfObject ConvertValue(QPDFObjectHandle object, Run& run);
+    OrvSys::PdfObject ConvertContainer(QPDFObjectHandle object, Run& run);
     OrvSys::PdfObject ConvertDictionary(QPDFObjectHandle dictionary, Run& run);
     OrvSys::PdfObject ConvertStream(QPDFObjectHandle stream, Run& run);
 

@@ -1,6 +1,5 @@
 #include "pdf/reader/output_intent_reader.h"
 
-#include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -16,9 +15,6 @@ namespace OrvPdf
 namespace
 {
 
-// Profiles of six and more colorants reach some ten million bytes.
-constexpr std::uint64_t LargestProfile = std::uint64_t{256} << 20;
-
 std::shared_ptr<const OrvColor::ICCProfile> ReadProfile(QPDFObjectHandle stream, const SourceFile& file,
                                                         ErrorList& errors)
 {
@@ -29,8 +25,8 @@ std::shared_ptr<const OrvColor::ICCProfile> ReadProfile(QPDFObjectHandle stream,
         errors.Add(name + "it is no stream");
         return nullptr;
     }
-    const std::uint64_t limit = std::min(LargestProfile, file.GetOptions().limits.streamBytes);
-    const DecodedStream decoded = DecodeStream(file, FetchStream(stream), {limit, "streamBytes", limit});
+    const std::uint64_t limit = file.GetOptions().limits.resourceBytes;
+    const DecodedStream decoded = DecodeStream(file, FetchStream(stream), {limit, "resourceBytes", limit});
     if (!decoded.problem.empty())
         errors.Add(name + decoded.problem);
     try {

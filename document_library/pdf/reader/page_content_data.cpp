@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "pdf/limit_text.h"
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/reader/source_file.h"
 #include "pdf/reader/stream_data.h"
@@ -32,15 +33,15 @@ public:
             }
             encoded = FetchStream(part);
         }
-        const std::uint64_t limit = file.GetOptions().limits.contentStreamBytes;
-        const std::uint64_t used = data.bytes.GetSize();
-        if (used >= limit) {
+        const ByteLimit limit = file.GetContentLimit(data.bytes.GetSize());
+        if (limit.bytes == 0) {
             data.problems.push_back(
-                name + ": this content stream and those after it are left out, since they go " +
-                "beyond the limit contentStreamBytes of " + std::to_string(limit) + " bytes");
+                name + ": " +
+                LimitText(limit.name, limit.value, "this content stream and those after it are left out"));
             return false;
         }
-        DecodedStream decoded = DecodeStream(file, encoded, {limit - used, "contentStreamBytes", limit});
+        DecodedStream decoded = DecodeStream(file, encoded, limit);
+        file.CountContentBytes(decoded.bytes.GetSize());
         if (!decoded.problem.empty())
             data.problems.push_back(name + ": " + decoded.problem);
         if (data.bytes.GetSize() == 0) {

@@ -7,6 +7,7 @@
 
 #include <qpdf/QPDF.hh>
 
+#include "pdf/limit_text.h"
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/reader/resource_guard.h"
 
@@ -15,11 +16,6 @@ namespace OrvPdf
 
 namespace
 {
-
-std::string DescribeLimit(const char* name, std::uint64_t value)
-{
-    return std::string("the limit ") + name + " of " + std::to_string(value);
-}
 
 class PageTreeWalk
 {
@@ -93,8 +89,9 @@ private:
             return;
         }
         if (path.size() >= limits.pageTreeNesting) {
-            errors.Add(name + ": nodes of the page tree below it are left out, since they go beyond " +
-                       DescribeLimit("pageTreeNesting", limits.pageTreeNesting) + " levels");
+            errors.Add(name + ": " +
+                       LimitText("pageTreeNesting", limits.pageTreeNesting,
+                                 "nodes of the page tree below it are left out"));
             return;
         }
         path.push_back({name, kids, kids.getArrayNItems(), 0, std::move(inherited)});
@@ -104,8 +101,8 @@ private:
                  const std::string& type)
     {
         if (pages.size() >= limits.pages) {
-            errors.Add(name + ": this page and those after it are left out, since they go beyond " +
-                       DescribeLimit("pages", limits.pages));
+            errors.Add(name + ": " +
+                       LimitText("pages", limits.pages, "this page and those after it are left out"));
             isFull = true;
             return;
         }

@@ -131,9 +131,11 @@ void Interpreter::ApplyParameter(const std::string& key, const PdfObject& value,
         ApplyFont(arguments);
     } else if (key == "BM" || key == "CA" || key == "ca" || key == "AIS") {
         isWell = ApplyBlendParameter(key, value, arguments);
+    } else if (IsPartOfOthers(key) || key == "Type") {
+        // Told where the others are.
     } else if (value.IsName(unresolvedValue)) {
         problems.Unmodelled("gs", "parameter " + Readable(key) + " cannot be read", {}, arguments.Place());
-    } else if (!IsPartOfOthers(key) && key != "Type") {
+    } else {
         foreign[key] = value;
     }
     if (!isWell) {

@@ -113,7 +113,11 @@ std::string CompareWithShape(const Raster& raster, const PictureShape& shape, bo
 RasterLimits GetLimits(const SourceFile& file)
 {
     const OrvDoc::ReadOptions::Limits& limits = file.GetOptions().limits;
-    return {limits.pictureSamples, std::min(limits.streamBytes, file.GetDecodedBytesLeft())};
+    const std::uint64_t left = file.GetDecodedBytesLeft();
+    if (left < limits.streamBytes) {
+        return {limits.pictureSamples, left, "documentBytes", limits.documentBytes};
+    }
+    return {limits.pictureSamples, limits.streamBytes};
 }
 
 std::string FindUndecodableDct(const SourceFile& file, const EncodedStream& encoded, std::size_t own)

@@ -5,6 +5,7 @@
 
 #include <orv_doc/document.h>
 
+#include "pdf/limit_text.h"
 #include "pdf/picture_keys.h"
 #include "pdf/reader/document_resources.h"
 #include "pdf/reader/file_reading.h"
@@ -48,13 +49,11 @@ bool IsBeyondLimits(const PictureShape& shape, const OrvDoc::ReadOptions::Limits
     const double samples = pixels * static_cast<double>(shape.channels);
     const double bytes = samples * static_cast<double>(shape.bits) / 8.0;
     if (samples > static_cast<double>(limits.pictureSamples)) {
-        problems.push_back("it has more samples than the limit pictureSamples of " +
-                           std::to_string(limits.pictureSamples) + " and is not decoded");
+        problems.push_back(LimitText("pictureSamples", limits.pictureSamples));
         return true;
     }
     if (bytes > static_cast<double>(limits.streamBytes)) {
-        problems.push_back("it takes more bytes than the limit streamBytes of " +
-                           std::to_string(limits.streamBytes) + " and is not decoded");
+        problems.push_back(LimitText("streamBytes", limits.streamBytes));
         return true;
     }
     return false;

@@ -95,7 +95,8 @@ void Interpreter::ExpectClipMatrix(const PdfObject& properties)
 void Interpreter::BeginNamedText(const PdfObject& properties, const Arguments& arguments)
 {
     EndRun();
-    if (!PrepareShowing(arguments)) {
+    // The glyphs of a Type 3 font are objects of their own, so there is no text that begins.
+    if (!PrepareShowing(arguments) || ShowsGlyphs()) {
         return;
     }
     PrepareRun();

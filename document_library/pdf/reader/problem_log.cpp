@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "pdf/limit_text.h"
+
 namespace OrvPdf
 {
 
@@ -77,9 +79,7 @@ void ProblemLog::Odd(std::string_view operatorText, std::string_view reason, std
 void ProblemLog::Limit(const char* name, std::uint64_t value, ByteRange place)
 {
     hasUnmodelled = true;
-    std::string text("limit ");
-    text.append(name).append(": ").append(std::to_string(value)).append(" reached, the rest is left out");
-    Record({}, text, {}, place);
+    Record({}, LimitText(name, value, "the rest is left out"), {}, place);
 }
 
 void ProblemLog::Record(std::string_view operatorText, std::string_view reason, std::string_view detail,
@@ -129,7 +129,8 @@ Interpretation ProblemLog::Finish()
         result.errors.push_back(std::move(entry.text));
     }
     if (dropped > 0) {
-        result.errors.push_back("limit errors: " + std::to_string(dropped) + " more problems are not listed");
+        result.errors.push_back(
+            LimitText("errors", maximum, std::to_string(dropped) + " more problems are not listed"));
     }
     return result;
 }

@@ -39,10 +39,15 @@ std::uintptr_t FindFloor()
 
 } // namespace
 
-void RequireStackRoom()
+bool HasStackRoom()
 {
     thread_local const std::uintptr_t floor = FindFloor();
-    if (reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < floor)
+    return reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) >= floor;
+}
+
+void RequireStackRoom()
+{
+    if (!HasStackRoom())
         throw std::runtime_error("references are nested too deeply");
 }
 

@@ -87,8 +87,8 @@ bool Interpreter::EnterGroupMatrix(const Matrix& matrix, ByteRange place)
         (!bases.empty() && bases.back().scope == groupMatrix.scope)) {
         return false;
     }
-    if (correctionsLeft == 0) {
-        problems.Limit("group matrices cut up by overlaps", 0, place);
+    if (corrections > limits.groupCorrections) {
+        problems.Limit("groupCorrections", limits.groupCorrections, place);
         return false;
     }
     GroupRecipe recipe = tree.GetInnermostRecipe();
@@ -122,7 +122,7 @@ void Interpreter::ReleaseBase(ScopeTree::Id scope)
     const Matrix outer = bases.back().transformation;
     const auto correct = [this, &outer](Matrix& matrix) {
         matrix = Plexa::Concatenate(matrix, outer);
-        correctionsLeft -= correctionsLeft > 0 ? 1 : 0;
+        ++corrections;
     };
     state.matrix = Plexa::Concatenate(state.matrix, outer);
     for (auto saved = savedStates.rbegin(); saved != savedStates.rend() && saved->baseCount == bases.size();
@@ -132,7 +132,7 @@ void Interpreter::ReleaseBase(ScopeTree::Id scope)
     }
     for (auto clip = openClips.rbegin(); clip != openClips.rend() && *clip > scope; ++clip) {
         tree.MapClip(*clip, outer);
-        correctionsLeft -= correctionsLeft > 0 ? 1 : 0;
+        ++corrections;
     }
     bases.pop_back();
 }

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "pdf/limit_text.h"
 #include "pdf/reader/filter_stage.h"
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/reader/source_file.h"
@@ -181,8 +182,8 @@ DecodedStream DecodeStream(const SourceFile& file, const EncodedStream& encoded,
         file.CountDecodedBytes(decoded.bytes.GetSize());
     }
     if (reachedLimit) {
-        AddProblem(decoded.problem, std::string("the decoded data goes beyond the limit ") + told.name +
-                                        " of " + std::to_string(told.value) + " bytes and is cut off there");
+        AddProblem(decoded.problem,
+                   LimitText(told.name, told.value, "the decoded data is cut off at that many bytes"));
     }
     return decoded;
 }

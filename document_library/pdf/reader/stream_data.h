@@ -10,6 +10,7 @@
 #include <qpdf/QPDFObjectHandle.hh>
 
 #include "pdf/pictures/fax_decoder.h"
+#include "pdf/reader/byte_limit.h"
 #include "pdf/reader/decoded_bytes.h"
 
 namespace OrvPdf
@@ -52,14 +53,6 @@ EncodedStream FetchStream(QPDFObjectHandle stream);
 /// The filters that a dictionary names, in order. What is wrong with them is returned, and empty if nothing
 /// is.
 std::string ReadFilterStages(QPDFObjectHandle dictionary, std::vector<FilterStage>& stages);
-
-/// How many bytes may be decoded, and the limit of `ReadOptions::Limits` that this comes from.
-struct ByteLimit
-{
-    std::uint64_t bytes;
-    const char* name;
-    std::uint64_t value; // Of the limit: more than `bytes` if some of it is used up.
-};
 
 struct DecodedStream
 {

@@ -314,10 +314,10 @@ TEST(DctDecoder, TakesAsManySamplesAsTheLimitAndNoMore)
     const std::string file = Encoded(Smooth(20, 10, 3), 20, 10, 3, Stored(JCS_RGB));
     EXPECT_EQ(DecodeDct(file, 0, {600, 600}).problem, "");
     const Raster samples = DecodeDct(file, 0, {599, 600});
-    EXPECT_THAT(samples.problem, HasSubstr("599 samples"));
+    EXPECT_THAT(samples.problem, HasSubstr("limit pictureSamples: 599 reached"));
     EXPECT_EQ(samples.rows.GetCapacity(), 0u);
     const Raster bytes = DecodeDct(file, 0, {600, 599});
-    EXPECT_THAT(bytes.problem, HasSubstr("599 bytes"));
+    EXPECT_THAT(bytes.problem, HasSubstr("limit streamBytes: 599 reached"));
     EXPECT_EQ(bytes.rows.GetCapacity(), 0u);
 }
 
@@ -327,7 +327,8 @@ TEST(DctDecoder, CountsTheCoefficientsOfProgressiveFiles)
     settings.isProgressive = true;
     const std::string file = Encoded(Smooth(800, 800, 1), 800, 800, 1, settings);
     // A byte for each sample, and two for each coefficient.
-    EXPECT_THAT(DecodeDct(file, 0, {640000, 3 * 640000}).problem, HasSubstr("bytes that are left"));
+    EXPECT_THAT(DecodeDct(file, 0, {640000, 3 * 640000}).problem,
+                HasSubstr("limit streamBytes: 1920000 reached"));
     EXPECT_EQ(DecodeDct(file, 0, {640000, 4 * 640000}).problem, "");
 }
 

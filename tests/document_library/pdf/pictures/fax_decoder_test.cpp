@@ -330,10 +330,10 @@ TEST(FaxDecoder, TakesAsManySamplesAsTheLimitAndNoMore)
     const std::string data = Encoded(rows, COMPRESSION_CCITTFAX4);
     ExpectRows(DecodeFax(data, Columns(40, -1), 10, {400, 50}), rows);
     const Raster samples = DecodeFax(data, Columns(40, -1), 10, {399, 50});
-    EXPECT_THAT(samples.problem, HasSubstr("399 samples"));
+    EXPECT_THAT(samples.problem, HasSubstr("limit pictureSamples: 399 reached"));
     EXPECT_EQ(samples.rows.GetCapacity(), 0u);
     const Raster bytes = DecodeFax(data, Columns(40, -1), 10, {400, 49});
-    EXPECT_THAT(bytes.problem, HasSubstr("49 bytes"));
+    EXPECT_THAT(bytes.problem, HasSubstr("limit streamBytes: 49 reached"));
     EXPECT_EQ(bytes.rows.GetCapacity(), 0u);
 }
 
@@ -344,7 +344,7 @@ TEST(FaxDecoder, StopsAtTheLimitIfNobodyKnowsTheHeight)
     EXPECT_EQ(DecodeFax(data, Columns(40, -1), 0, {400, 50}).problem, "");
     const Raster raster = DecodeFax(data, Columns(40, -1), 0, {399, 50});
     ExpectRows(raster, Rows(rows.begin(), rows.begin() + 9));
-    EXPECT_THAT(raster.problem, HasSubstr("goes on after 9 rows"));
+    EXPECT_THAT(raster.problem, HasSubstr("limit pictureSamples: 399 reached"));
 }
 
 TEST(FaxDecoder, TakesNoMemoryForSizesThatNobodyHas)

@@ -19,7 +19,8 @@
 #include "pdf/reader/font_parts.h"
 #include "pdf/reader/font_reader.h"
 #include "pdf/reader/qpdf_text.h"
-#include "support/corpus_run.h"
+#include "support/corpus_folder.h"
+#include "support/pdf_files.h"
 
 namespace
 {
@@ -105,7 +106,7 @@ ShownStrings GatherShownStrings(QPDF& file)
 template <typename Work>
 void ForEachFile(Work work)
 {
-    for (const std::string& name : HarrowSupport::Testing::ListCorpusFiles(CorpusFolder())) {
+    for (const std::string& name : HarrowSupport::Testing::ListPdfFiles(CorpusFolder())) {
         std::shared_ptr<const SourceFile> file;
         try {
             file = SourceFile::Open(boost::filesystem::path(CorpusFolder()) / name, {});
@@ -146,8 +147,8 @@ class FontsOfTheCorpus : public testing::Test
 protected:
     void SetUp() override
     {
-        if (!boost::filesystem::is_directory(CorpusFolder()))
-            GTEST_SKIP() << "There is no folder " << CorpusFolder();
+        if (!HarrowSupport::Testing::WhyNoCorpus().empty())
+            GTEST_SKIP() << HarrowSupport::Testing::WhyNoCorpus();
     }
 };
 

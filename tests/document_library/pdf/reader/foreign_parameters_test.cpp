@@ -43,12 +43,12 @@ std::string ForeignIn(const std::string& stream)
 
 TEST(ForeignParameters, BelongToTheObjectsBehindTheirOperator)
 {
-    EXPECT_EQ(ForeignIn(line + "/On gs" + line), "||<</SA true/SM 0.02>>");
+    EXPECT_EQ(ForeignIn(line + "/On gs" + line), "||<</SA true /SM 0.02>>");
 }
 
 TEST(ForeignParameters, BelongToTheStateThatIsSaved)
 {
-    EXPECT_EQ(ForeignIn("q /On gs" + line + "Q" + line), "|<</SA true/SM 0.02>>|");
+    EXPECT_EQ(ForeignIn("q /On gs" + line + "Q" + line), "|<</SA true /SM 0.02>>|");
 }
 
 TEST(ForeignParameters, InitialValuesTakeThemBackOnAPage)
@@ -71,7 +71,7 @@ TEST(ForeignParameters, InitialValuesCountInsideOfOtherContents)
 
 TEST(ForeignParameters, IntentAndFlatnessComeFromOperatorsToo)
 {
-    EXPECT_EQ(ForeignIn("/Perceptual ri 50 i" + line), "|<</FL 50/RI /Perceptual>>");
+    EXPECT_EQ(ForeignIn("/Perceptual ri 50 i" + line), "|<</FL 50 /RI /Perceptual>>");
     EXPECT_EQ(ForeignIn("/Perceptual ri 50 i /RelativeColorimetric ri 1 i" + line), "|");
 }
 

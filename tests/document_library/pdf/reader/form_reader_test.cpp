@@ -186,7 +186,7 @@ TEST_F(FormNesting, AsDeepAsTheLimitIsRead)
 TEST_F(FormNesting, OneLevelPastTheLimitIsLeftOutAndTold)
 {
     EXPECT_THAT(ReadNested(6, 5),
-                ElementsAre(HasSubstr("form /In is left out: it goes beyond the limit formNesting of 5")));
+                ElementsAre(HasSubstr("form /In is left out: limit formNesting: 5 reached")));
 }
 
 class FormsOfManyStates : public FormReader

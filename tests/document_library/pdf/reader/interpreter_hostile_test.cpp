@@ -73,7 +73,7 @@ TEST(InterpreterHostile, ScopesThatAreMadeAgainAndAgainAreBounded)
     reading.Read(Repeat("/T BMC ", 3000) + Repeat("q 0 0 m W n ", 3000) + Repeat("EMC 0 0 m S ", 3000));
     EXPECT_LT(CountObjects(reading.content->GetChildren()), 250000U);
     EXPECT_THAT(reading.result.errors,
-                testing::Contains(testing::HasSubstr("limit groups cut up by overlaps")));
+                testing::Contains(testing::HasSubstr("limit groupCopies: 100000 reached")));
     EXPECT_TRUE(reading.result.hasUnmodelled);
 }
 
@@ -98,7 +98,7 @@ TEST(InterpreterHostile, GroupMatricesThatEndInsideOfManyStatesAreBounded)
     reading.Read(Repeat(group, 2000) + Repeat("q ", 5000) + Repeat("EMC ", 2000) +
                  Repeat(group + "EMC ", 20000) + "0 0 m S");
     EXPECT_THAT(reading.result.errors,
-                testing::Contains(testing::HasSubstr("limit group matrices cut up by overlaps")));
+                testing::Contains(testing::HasSubstr("limit groupCorrections: 1000000 reached")));
 }
 
 TEST(InterpreterHostile, ManyDamagedOperatorsAreOnePart)

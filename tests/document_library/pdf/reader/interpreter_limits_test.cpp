@@ -147,7 +147,7 @@ TEST(InterpreterLimits, ErrorsAreKeptUpToTheirLimit)
     EXPECT_THAT(Limited("xa xb xc xd xa", &Limits::errors, 2).result.errors,
                 ElementsAre("operator xa: unknown operator, byte 0 and 1 more",
                             "operator xb: unknown operator, byte 3",
-                            "limit errors: 2 more problems are not listed"));
+                            "limit errors: 2 reached, 2 more problems are not listed"));
 }
 
 TEST(InterpreterLimits, ErrorsPastTheirLimitStillTellThatThereAreUnmodelledParts)

@@ -124,6 +124,7 @@ TEST(InterpreterMarkedContent, ALogicalExpressionMayBeNamedByAnAttribute)
 TEST(InterpreterMarkedContent, APropertyListNestedTooDeepIsTold)
 {
     Reading reading;
+    reading.limits.objectNesting = 500;
     reading.Read("/P <</A " + std::string(200, '[') + std::string(200, ']') + ">> BDC" + line + "EMC");
     EXPECT_EQ(Tree(reading), "group /P[" + path + "]");
     EXPECT_TRUE(reading.result.hasUnmodelled);

@@ -163,7 +163,7 @@ TEST(LayersReader, LeavesOutLevelsOfTheOrderBeyondTheLimit)
     options.limits.layerOrderNesting = 2;
     Read read("/Order [3 0 R [4 0 R [5 0 R]]]", ThreeLayers, {}, options);
     EXPECT_EQ(read.Order(), "a(b)");
-    EXPECT_THAT(read.errors, ElementsAre(HasSubstr("layerOrderNesting of 2")));
+    EXPECT_THAT(read.errors, ElementsAre(HasSubstr("limit layerOrderNesting: 2 reached")));
 }
 
 TEST(LayersReader, SeesAllLayersUnlessTheyAreOff)

@@ -75,7 +75,7 @@ TEST(ObjectConversion, TellsAnObjectThatIsNestedTooDeeply)
     OrvDoc::ReadOptions options;
     options.limits.objectNesting = 3;
     EXPECT_EQ(Converted({"[[[]]]"}, options).problem, "");
-    EXPECT_THAT(Converted({"[[[[]]]]"}, options).problem, HasSubstr("deeper than 3 levels"));
+    EXPECT_THAT(Converted({"[[[[]]]]"}, options).problem, HasSubstr("limit objectNesting: 3 reached"));
 }
 
 TEST(ObjectConversion, TellsWhatGrowsWithoutEndThroughReferences)

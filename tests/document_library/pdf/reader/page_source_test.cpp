@@ -103,9 +103,10 @@ TEST(PageSource, CountsAllStreamsAgainstTheLimitOfAContent)
     const Content content(OnePage("/Contents [4 0 R 5 0 R 4 0 R]", {PdfStream("abc"), PdfStream("def")}),
                           options);
     EXPECT_EQ(content.Bytes(), "abc\nde");
-    EXPECT_THAT(content.data.problems,
-                ElementsAre(AllOf(HasSubstr("object 5 0"), HasSubstr("contentStreamBytes of 5 bytes")),
-                            AllOf(HasSubstr("object 4 0"), HasSubstr("contentStreamBytes of 5 bytes"))));
+    EXPECT_THAT(
+        content.data.problems,
+        ElementsAre(AllOf(HasSubstr("object 5 0"), HasSubstr("limit contentStreamBytes: 5 reached")),
+                    AllOf(HasSubstr("object 4 0"), HasSubstr("limit contentStreamBytes: 5 reached"))));
 }
 
 TEST(PageSource, PutsThePageInFrontOfItsErrors)

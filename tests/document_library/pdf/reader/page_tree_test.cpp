@@ -173,7 +173,7 @@ TEST(PageTree, StopsAtTheLimitOfPages)
     limits.pages = 2;
     const Tree tree({"<< /Kids [3 0 R 3 0 R 3 0 R 3 0 R] >>", Page}, limits);
     EXPECT_THAT(tree.Numbers(), ElementsAre(3, 3));
-    EXPECT_THAT(tree.errors, ElementsAre(HasSubstr("the limit pages of 2")));
+    EXPECT_THAT(tree.errors, ElementsAre(HasSubstr("limit pages: 2 reached")));
 }
 
 TEST(PageTree, ReadsAsManyPagesAsTheLimitSays)
@@ -194,7 +194,7 @@ TEST(PageTree, LeavesOutLevelsBeyondTheLimit)
         limits);
     EXPECT_THAT(tree.Numbers(), ElementsAre(6, 5));
     EXPECT_THAT(tree.errors,
-                ElementsAre(AllOf(HasSubstr("object 4 0"), HasSubstr("the limit pageTreeNesting of 2"))));
+                ElementsAre(AllOf(HasSubstr("object 4 0"), HasSubstr("limit pageTreeNesting: 2 reached"))));
 }
 
 TEST(PageTree, TakesARootThatIsAPageForTheOnlyPage)

@@ -105,7 +105,8 @@ TEST(PdfDocumentSource, BoundsTheNumberOfErrors)
         ReadBytes(PdfFile({"<< /Type /Catalog /Pages 2 0 R >>", "<< /Kids [1 2 3 4 5] >>"}), options);
     EXPECT_EQ(document->GetNumberOfPages(), 0u);
     EXPECT_THAT(TextsOf(document->GetActiveErrors()),
-                ElementsAre(HasSubstr("entry 1"), HasSubstr("entry 2"), HasSubstr("4 more errors")));
+                ElementsAre(HasSubstr("entry 1"), HasSubstr("entry 2"),
+                            HasSubstr("limit errors: 2 reached, 4 more problems")));
 }
 
 TEST(PdfDocumentSource, BoundsTheNumberOfErrorsOfStructureAndPageTreeTogether)
@@ -117,7 +118,7 @@ TEST(PdfDocumentSource, BoundsTheNumberOfErrorsOfStructureAndPageTreeTogether)
     EXPECT_EQ(document->GetNumberOfPages(), 0u);
     EXPECT_THAT(TextsOf(document->GetActiveErrors()),
                 UnorderedElementsAre(HasSubstr("OCProperties"), HasSubstr("entry 1"),
-                                     HasSubstr("5 more errors beyond the limit of 2")));
+                                     HasSubstr("limit errors: 2 reached, 5 more problems")));
 }
 
 TEST(PdfDocumentSource, ReadsSeparationsOfInheritedResources)

@@ -340,7 +340,7 @@ TEST(PictureDecoding, DataThatAsksForMoreSamplesThanTheLimitIsToldByIt)
     options.limits.pictureSamples = 63;
     const Decoded decoded(ImageObject(GrayDct(8, 77), Size(1, 1) + gray + "/Filter /DCTDecode"), options);
     EXPECT_THAT(decoded.samples, ElementsAre(0));
-    EXPECT_THAT(decoded.warnings, Contains(HasSubstr("limit of 63 samples")));
+    EXPECT_THAT(decoded.warnings, Contains(HasSubstr("limit pictureSamples: 63 reached")));
 }
 
 } // namespace

@@ -339,7 +339,7 @@ TEST(PictureReader, APictureOfOneSampleBeyondTheLimitIsRefusedByItsName)
 {
     PictureBench bench({ImageObject("ab", gray)}, WithSamples(1));
     EXPECT_FALSE(bench.Read());
-    EXPECT_THAT(bench.problem, HasSubstr("pictureSamples of 1"));
+    EXPECT_THAT(bench.problem, HasSubstr("limit pictureSamples: 1 reached"));
 }
 
 TEST(PictureReader, EachChannelCountsForTheLimitOfSamples)
@@ -359,7 +359,7 @@ TEST(PictureReader, APictureOfMoreBytesThanTheLimitIsRefusedByItsName)
     options.limits.streamBytes = 1;
     PictureBench bench({ImageObject("ab", gray)}, options);
     EXPECT_FALSE(bench.Read());
-    EXPECT_THAT(bench.problem, HasSubstr("streamBytes of 1"));
+    EXPECT_THAT(bench.problem, HasSubstr("limit streamBytes: 1 reached"));
 }
 
 TEST(PictureReader, AnEnormousPictureOfLittleDataTakesNoMemory)

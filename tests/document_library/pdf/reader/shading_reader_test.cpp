@@ -310,11 +310,17 @@ TEST(ShadingReader, UsesOfAShadingThatDifferAreOtherPaints)
 TEST(ShadingReader, ReadsTheMatrixOfAPatternInMilliPoints)
 {
     Resources resources("/Pattern << /P << /PatternType 2 /Matrix [1 2 3 4 5.5 6.25] /Shading << " + Axial() +
-                        " >> >> /Q << /PatternType 2 /Matrix [1 2 3] /Shading << " + Axial() + " >> >> >>");
+                        " >> >> >>");
     EXPECT_EQ(resources.Pattern("P")->matrix, OrvPdf::Matrix(1, 2, 3, 4, 5500.0, 6250.0));
     EXPECT_EQ(resources.problem, "");
-    EXPECT_FALSE(resources.Pattern("Q"));
-    EXPECT_THAT(resources.problem, HasSubstr("Matrix: "));
+}
+
+TEST(ShadingReader, ReadsAPatternWithoutAMatrixThatIsNoneAndTellsSo)
+{
+    Resources resources("/Pattern << /P << /PatternType 2 /Matrix [1 2 3] /Shading << " + Axial() +
+                        " >> >> >>");
+    EXPECT_EQ(resources.Pattern("P")->matrix, OrvPdf::Matrix());
+    EXPECT_THAT(resources.problem, HasSubstr("Matrix"));
 }
 
 TEST(ShadingReader, TellsPatternsThatAreNotModelled)

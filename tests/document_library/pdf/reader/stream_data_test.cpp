@@ -140,7 +140,7 @@ TEST(StreamData, TellsALimitByNameAndCutsOff)
 {
     const Result result(Deflated("0123456789"), "/Filter /FlateDecode", 9);
     EXPECT_EQ(result.bytes, "012345678");
-    EXPECT_THAT(result.problem, HasSubstr("the limit streamBytes of 9 bytes"));
+    EXPECT_THAT(result.problem, HasSubstr("limit streamBytes: 9 reached"));
     EXPECT_EQ(Result(Deflated("0123456789"), "/Filter /FlateDecode", 10).problem, "");
 }
 
@@ -148,7 +148,7 @@ TEST(StreamData, IsCutOffAtTheLimitWithoutAFilterToo)
 {
     const Result result("0123456789", "", 9);
     EXPECT_EQ(result.bytes, "012345678");
-    EXPECT_THAT(result.problem, HasSubstr("streamBytes of 9"));
+    EXPECT_THAT(result.problem, HasSubstr("limit streamBytes: 9 reached"));
     EXPECT_EQ(Result("0123456789", "", 10).problem, "");
 }
 
@@ -156,7 +156,7 @@ TEST(StreamData, IsCutOffAtTheLimitByEveryFilter)
 {
     const Result result("30313233343536373839>", "/Filter /ASCIIHexDecode", 9);
     EXPECT_EQ(result.bytes, "012345678");
-    EXPECT_THAT(result.problem, HasSubstr("streamBytes of 9"));
+    EXPECT_THAT(result.problem, HasSubstr("limit streamBytes: 9 reached"));
 }
 
 TEST(StreamData, IsCutOffBetweenFilters)
@@ -165,7 +165,7 @@ TEST(StreamData, IsCutOffBetweenFilters)
     const Result result(Deflated(std::string(100000, ' ') + "41>"), "/Filter [/FlateDecode /ASCIIHexDecode]",
                         1000);
     EXPECT_EQ(result.bytes, "");
-    EXPECT_THAT(result.problem, HasSubstr("streamBytes of 1000"));
+    EXPECT_THAT(result.problem, HasSubstr("limit streamBytes: 1000 reached"));
 }
 
 TEST(StreamData, IsCutOffWhereTheDocumentHasNoBytesLeft)
@@ -174,7 +174,7 @@ TEST(StreamData, IsCutOffWhereTheDocumentHasNoBytesLeft)
     options.limits.documentBytes = 7;
     const Result result(Deflated("0123456789"), "/Filter /FlateDecode", 1000, options);
     EXPECT_EQ(result.bytes, "0123456");
-    EXPECT_THAT(result.problem, HasSubstr("the limit documentBytes of 7 bytes"));
+    EXPECT_THAT(result.problem, HasSubstr("limit documentBytes: 7 reached"));
     EXPECT_EQ(result.left, 0u);
 }
 

@@ -367,7 +367,7 @@ TEST_F(NestedWriter, FormsTenThousandDeepAreWrittenAndReadUpToTheLimit)
     Fill(ContentOf(*document), std::move(top));
     file.document = std::move(document);
     const auto reopened = file.Reopen();
-    EXPECT_THAT(ErrorsOf(ContentOf(*reopened)), ElementsAre(HasSubstr("limit formNesting of 64")));
+    EXPECT_THAT(ErrorsOf(ContentOf(*reopened)), ElementsAre(HasSubstr("limit formNesting: 64 reached")));
     std::size_t read = 0;
     for (FormPointer next = FormAt(ContentOf(*reopened)); next; next = FormAt(next->GetContent()))
         ++read;
