@@ -14,8 +14,7 @@
 #include <orv_doc/read_options.h>
 #include <orv_doc/write_options.h>
 
-#include <boost/filesystem/operations.hpp>
-
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <ostream>
@@ -71,8 +70,8 @@ Examples::ExitCode MakeRoundTrip(const std::vector<std::string>& arguments, std:
 
     if (!keptFile.empty()) {
         // The temporary file goes with the document.
-        boost::filesystem::copy_file(document->GetFilePath(), keptFile,
-                                     boost::filesystem::copy_options::overwrite_existing);
+        std::filesystem::copy_file(document->GetFilePath().string(), keptFile,
+                                   std::filesystem::copy_options::overwrite_existing);
     }
     std::cerr << "save_and_reopen: " << Examples::Count(errors.size(), "active error") << ", "
               << Examples::Count(reporter.GetDifferenceCount(), "difference") << "\n";

@@ -11,6 +11,7 @@ buildPackages=(
     libfreetype-dev libharfbuzz-dev
     libjpeg62-turbo-dev libopenjp2-7-dev libtiff-dev
     libgtest-dev libgmock-dev libbenchmark-dev
+    libcli11-dev libfmt-dev nlohmann-json3-dev
 )
 # What the library itself reads when it runs: its own fonts, and the maps from character codes to glyphs.
 runtimePackages=(fonts-liberation2 fonts-dejavu-core poppler-data)

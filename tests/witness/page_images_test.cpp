@@ -81,8 +81,8 @@ TEST(PageImages, HugePagesAreScaledDown)
         GTEST_SKIP() << "install poppler-utils to run this test";
     const TemporaryFolder folder;
     const std::string file = folder.Write("pages.pdf", PdfFileOfPages({""}));
-    EXPECT_EQ(RenderPages(file, {}, 100).at(1).width, 100U);
-    EXPECT_EQ(RenderPages(file, {}, 99).at(1).width, 99U);
+    EXPECT_EQ(RenderPages(file, {}, {}, 100).at(1).width, 100U);
+    EXPECT_EQ(RenderPages(file, {}, {}, 99).at(1).width, 99U);
 }
 
 TEST(PageImages, FileThatCannotBeReadHasNone)

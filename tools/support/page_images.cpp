@@ -37,10 +37,19 @@ std::vector<std::string> FindValues(const std::string& output, const std::string
     return values;
 }
 
-/// The longest side of all pages in points; zero if pdfinfo tells none.
-double LongestSide(const std::string& file, const ProcessLimits& limits)
+/// The options of pdfinfo and pdftoppm for a range.
+std::vector<std::string> OptionsFor(const PageRange& range)
 {
-    const ProcessResult information = RunProcess({"pdfinfo", "-box", "-l", "-1", file}, limits);
+    return {"-f", std::to_string(range.first), "-l", std::to_string(range.last)};
+}
+
+/// The longest side of the pages in points; zero if pdfinfo tells none.
+double LongestSide(const std::string& file, const ProcessLimits& limits, const PageRange& range)
+{
+    std::vector<std::string> command{"pdfinfo", "-box", file};
+    const std::vector<std::string> options = OptionsFor(range);
+    command.insert(command.begin() + 1, options.begin(), options.end());
+    const ProcessResult information = RunProcess(command, limits);
     double longest = 0.0;
     for (const std::string& box : FindValues(information.output, " MediaBox:")) {
         std::istringstream numbers(box);
@@ -91,12 +100,15 @@ std::size_t CountPages(const std::string& file, const ProcessLimits& limits)
     return counts.empty() ? 0 : std::stoul(counts.front());
 }
 
-PageImages RenderPages(const std::string& file, const ProcessLimits& limits, std::size_t longestSide)
+PageImages RenderPages(const std::string& file, const ProcessLimits& limits, const PageRange& range,
+                       std::size_t longestSide)
 {
     const TemporaryFolder folder;
     std::vector<std::string> command{"pdftoppm", "-r", "72"};
-    if (LongestSide(file, limits) > static_cast<double>(longestSide))
+    if (LongestSide(file, limits, range) > static_cast<double>(longestSide))
         command = {"pdftoppm", "-scale-to", std::to_string(longestSide)};
+    const std::vector<std::string> options = OptionsFor(range);
+    command.insert(command.end(), options.begin(), options.end());
     command.insert(command.end(), {file, folder.NameOf("page")});
     RunProcess(command, limits);
 

@@ -3,6 +3,7 @@
 #include "support/child_process.h"
 
 #include <cstddef>
+#include <limits>
 #include <map>
 #include <string>
 
@@ -26,6 +27,13 @@ struct PageImage
 /// The pages of a file by number, counted from one. A page that the renderer gives up is missing.
 using PageImages = std::map<std::size_t, PageImage>;
 
+/// The first and the last page to look at, counted from one.
+struct PageRange
+{
+    std::size_t first = 1;
+    std::size_t last = std::numeric_limits<int>::max();
+};
+
 /// Whether pdftoppm, which renders, can be started.
 bool CanRenderPages();
 
@@ -33,11 +41,11 @@ bool CanRenderPages();
 /// @throws what RunProcess throws
 std::size_t CountPages(const std::string& file, const ProcessLimits& limits = {});
 
-/// The pages of a file as pdftoppm shows them, a pixel to the point. A file that has a side of more than
-/// `longestSide` points in one of its pages is shown with that many pixels on the longer side of each page.
-/// A file of which no page can be rendered has no pictures; that is no error.
+/// The pages of a range as pdftoppm shows them, a pixel to the point. Where one of them has a side of more
+/// than `longestSide` points, each is shown with that many pixels on its longer side. A file of which no page
+/// can be rendered has no pictures; that is no error.
 /// @throws what RunProcess and the file system throw; std::runtime_error for a picture that can't be read
-PageImages RenderPages(const std::string& file, const ProcessLimits& limits = {},
+PageImages RenderPages(const std::string& file, const ProcessLimits& limits = {}, const PageRange& range = {},
                        std::size_t longestSide = 3000);
 
 /// Reads a picture of the binary kind of "portable pixmap" with a byte for a sample, as renderers write it.
