@@ -178,7 +178,7 @@ void SourceFile::OpenObjects()
     if (problem.empty() && qpdf && !HasHeader(GetBytes()) &&
         !qpdf->getTrailer().getKey("/Root").isDictionary())
         problem = "it has no catalogue";
-    if (!problem.empty() && (!AddTrailer() || !TryPasswords().empty()))
+    if (!problem.empty() && (!AddTable() || !TryPasswords().empty()))
         Fail(HasHeader(GetBytes()) ? "the file is damaged beyond repair: " + problem : NoHeader);
     if (!qpdf) {
         Fail(options.password.empty() ? "the file is encrypted and needs a password"
@@ -239,7 +239,7 @@ std::string SourceFile::TryPasswords()
     return {};
 }
 
-bool SourceFile::AddTrailer()
+bool SourceFile::AddTable()
 {
     const std::string table = MakeTable(GetBytes());
     if (table.empty())

@@ -95,8 +95,8 @@ private:
     void OpenObjects();
     /// Opens with the first form of the password that fits. What else prevents it is returned.
     std::string TryPasswords();
-    /// False if no trailer can be made for the file.
-    bool AddTrailer();
+    /// Puts a cross-reference table made anew behind the bytes. False if none can be made for the file.
+    bool AddTable();
     void CheckObjectCount() const;
     /// What the parser met since the last call.
     std::vector<std::string> TakeWarnings() const;
