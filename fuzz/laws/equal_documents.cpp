@@ -1,6 +1,7 @@
 #include "laws/equal_documents.h"
 
 #include "fuzz_target.h"
+#include "support/recording_reporter.h"
 
 #include <harrow_support/comparators.h>
 
@@ -41,24 +42,13 @@ private:
     std::vector<std::string> reports;
 };
 
-Comparators::Options EveryOption()
-{
-    Comparators::Options options{};
-    options.compareImageData = true;
-    options.compareSeparationInfo = true;
-    options.softMaskAsChannel = true;
-    options.expandIndexedImages = true;
-    options.comparePatternContentReuse = true;
-    return options;
-}
-
 } // namespace
 
 void RequireEqual(const OrvDoc::Document& left, const OrvDoc::Document& right, const char* law,
                   const std::vector<std::string>& tolerated)
 {
     StrictReporter reporter(tolerated);
-    Comparators::Compare(reporter, left, right, EveryOption());
+    Comparators::Compare(reporter, left, right, Testing::AllOptions());
     const std::vector<std::string>& reports = reporter.GetReports();
     for (std::size_t i = 0; i < reports.size() && i < maximalShown; ++i)
         std::cerr << reports[i] << "\n";
