@@ -83,8 +83,8 @@ public:
 
     // For makers of documents.
 
-    Factory& SetLink(PictureLink link);
-    Factory& SetMatte(std::vector<double> matte);
+    Factory& SetLink(PictureLink newLink);
+    Factory& SetMatte(std::vector<double> newMatte);
 
     /// The picture; the same one each time. Setting anything after that throws std::logic_error.
     std::shared_ptr<const PictureData> Get();

@@ -157,15 +157,15 @@ PictureData& PictureData::Factory::Change()
     return *data;
 }
 
-PictureData::Factory& PictureData::Factory::SetLink(PictureLink link)
+PictureData::Factory& PictureData::Factory::SetLink(PictureLink newLink)
 {
-    Change().link = std::move(link);
+    Change().link = std::move(newLink);
     return *this;
 }
 
-PictureData::Factory& PictureData::Factory::SetMatte(std::vector<double> matte)
+PictureData::Factory& PictureData::Factory::SetMatte(std::vector<double> newMatte)
 {
-    Change().matte = std::move(matte);
+    Change().matte = std::move(newMatte);
     return *this;
 }
 
