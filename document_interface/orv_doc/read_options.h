@@ -124,8 +124,9 @@ public:
         /// Tokens of one calculator function, braces included. Real ones have at most some thousand.
         std::uint64_t calculatorTokens = 100000;
 
-        /// Active errors that one content keeps, and one document. A damaged stream can have an error for
-        /// each of its operators; the last entry tells how many more there were.
+        /// Active errors that one content keeps, and one document; of those that are found when the document
+        /// is read already, it keeps as many again. A damaged stream can have an error for each of its
+        /// operators; the last entry tells that there were more.
         std::uint64_t errors = 10000;
     };
 

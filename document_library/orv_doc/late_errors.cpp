@@ -14,7 +14,7 @@ void LateErrors::Add(std::string text)
         told.insert(text);
     } else {
         isBeyondLimit = true;
-        text = "more errors were found after reading, beyond the limit of " + std::to_string(limit);
+        text = textBeyondLimit;
     }
     waiting.push_back(std::move(text));
     isAnyWaiting.store(true, std::memory_order_release);

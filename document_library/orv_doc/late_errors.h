@@ -7,6 +7,7 @@
 #include <mutex>
 #include <string>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace OrvDoc::Detail
@@ -19,8 +20,10 @@ namespace OrvDoc::Detail
 class LateErrors
 {
 public:
-    /// The most problems that are told; the next one becomes a sentence about the limit.
-    explicit LateErrors(std::uint64_t givenLimit) : limit(givenLimit) {}
+    /// The most problems that are told, and the text that stands for all others.
+    LateErrors(std::uint64_t givenLimit, std::string givenTextBeyondLimit)
+        : limit(givenLimit), textBeyondLimit(std::move(givenTextBeyondLimit))
+    {}
 
     /// Adds a problem, unless there was one of the same text before.
     void Add(std::string text);
@@ -34,6 +37,7 @@ public:
 
 private:
     std::uint64_t limit;
+    std::string textBeyondLimit;
     std::mutex mutex;
     std::vector<std::string> waiting;
     std::unordered_set<std::string> told;

@@ -79,7 +79,9 @@ struct FileCloser
 SourceFile::SourceFile(const boost::filesystem::path& file, const OrvDoc::ReadOptions& givenOptions)
     : path(file),
       options(givenOptions),
-      lateErrors(std::make_shared<OrvDoc::Detail::LateErrors>(givenOptions.limits.errors))
+      lateErrors(std::make_shared<OrvDoc::Detail::LateErrors>(
+          givenOptions.limits.errors,
+          LimitText("errors", givenOptions.limits.errors, "more problems were found after reading")))
 {}
 
 SourceFile::~SourceFile() = default;

@@ -154,7 +154,7 @@ TEST_F(LateDamage, IsCountedAgainstTheLimitOfErrors)
     for (std::size_t index = 0; index < 4; ++index)
         Decode(index);
     EXPECT_THAT(Errors(), ElementsAre(DamageOf(FirstDamagedObject()), DamageOf(FirstDamagedObject() + 1),
-                                      HasSubstr("beyond the limit of 2")));
+                                      "limit errors: 2 reached, more problems were found after reading"));
 }
 
 TEST_F(LateDamage, OfInlineImagesNamesThePage)
