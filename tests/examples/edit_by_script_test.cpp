@@ -350,7 +350,7 @@ TEST_F(EditByScript, KeepsParametersThatTheModelHasNoPlaceFor)
 TEST_F(EditByScript, TakesNothingForALossThatCannotBeWrittenAnyway)
 {
     const std::string file =
-        folder.Write("in.pdf", PdfFileOfPages({"/Tag /Missing BDC " + Triangle("10 10") + "EMC"}));
+        folder.Write("in.pdf", FileThatIsWrittenAnew("/Tag /Missing BDC " + Triangle("10 10") + "EMC"));
     const ProcessResult result = Edit(file, "1.1.1\nFlag\n$set-name\n");
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors, "");

@@ -54,4 +54,14 @@ inline std::string FileWithUnmodelled(const std::string& content)
     return PdfFileOfPages({unmodelled + content});
 }
 
+/// A file with a page that does not stay as it is even if nobody changes it: its pattern may be shared with
+/// another page that is written anew.
+inline std::string FileThatIsWrittenAnew(const std::string& content)
+{
+    return PdfFileOfPages(
+        {"/Pattern cs /P scn " + content}, "", "/Pattern << /P 5 0 R >>",
+        {PdfStream("0 0 1 1 re f", "/PatternType 1 /PaintType 1 /TilingType 1 /BBox [0 0 2 2] "
+                                   "/XStep 2 /YStep 2 /Resources << >>")});
+}
+
 } // namespace HarrowSupport::Testing

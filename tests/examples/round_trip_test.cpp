@@ -69,7 +69,7 @@ TEST_F(RoundTripExample, WritesNoFileIfAskedNotTo)
 TEST_F(RoundTripExample, TellsWhatCouldNotBeWritten)
 {
     const std::string file =
-        folder.Write("odd.pdf", PdfFileOfPages({"/Tag /Missing BDC " + Triangle("10 10") + "EMC"}));
+        folder.Write("odd.pdf", FileThatIsWrittenAnew("/Tag /Missing BDC " + Triangle("10 10") + "EMC"));
     for (const std::vector<std::string>& options : {std::vector<std::string>{}, {"--flush"}}) {
         std::vector<std::string> arguments = options;
         arguments.push_back(file);

@@ -84,6 +84,11 @@ bool KeptContents::MayKeep(const OrvDoc::Content& content)
     return MayKeep(content, source && !source->hasUnmodelled && !LosesInside(content));
 }
 
+bool KeptContents::MayKeepPage(const OrvDoc::Content& content, bool hasUnmodelled)
+{
+    return MayKeep(content, !hasUnmodelled && !LosesInside(content));
+}
+
 bool KeptContents::LosesInside(const OrvDoc::Content& content)
 {
     // A content that holds itself, which only programs make, loses nothing by that.

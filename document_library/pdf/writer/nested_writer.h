@@ -74,9 +74,10 @@ public:
 
     /// Whether the content of a page, which nobody changed, may be kept as it stands in the file: what is
     /// inside of it can be.
-    bool MayKeep(const OrvDoc::Content& content) { return kept.MayKeep(content); }
-    /// Whether a content of a page that is written anew loses something of what it paints with.
-    bool LosesInside(const OrvDoc::Content& content) { return kept.LosesInside(content); }
+    bool MayKeepPage(const OrvDoc::Content& content, bool hasUnmodelled)
+    {
+        return kept.MayKeepPage(content, hasUnmodelled);
+    }
     /// To be called for a content that is kept: sees to what was changed of the forms inside.
     void Keep(const OrvDoc::Content& content);
 

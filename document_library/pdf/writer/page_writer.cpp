@@ -84,7 +84,7 @@ std::vector<std::string> PageWriter::Write(const OrvDoc::Page& page, const PageE
     const std::string place = "page " + std::to_string(page.GetPageIndex() + 1);
     const bool hasUnmodelled = source && source->GetInterpretation().hasUnmodelled;
     const bool isUnchanged = source && content.GetRevision() == source->GetBaseRevision();
-    if (isUnchanged && (hasUnmodelled || nested.LosesInside(content)) && nested.MayKeep(content)) {
+    if (isUnchanged && nested.MayKeepPage(content, hasUnmodelled)) {
         KeepContent(*source, dictionary);
         nested.Keep(content);
         std::vector<std::string> texts = problems.GetTexts(place);

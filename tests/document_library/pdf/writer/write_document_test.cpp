@@ -64,9 +64,9 @@ protected:
         return Catalogue().getKey("/Pages").getKey("/Kids").getArrayItem(index);
     }
 
-    std::string SavedContent()
+    std::string SavedContent(int index = 0)
     {
-        const auto buffer = SavedPage().getKey("/Contents").getStreamData();
+        const auto buffer = SavedPage(index).getKey("/Contents").getStreamData();
         return std::string(reinterpret_cast<const char*>(buffer->getBuffer()), buffer->getSize());
     }
 
@@ -193,6 +193,37 @@ TEST_F(WriteDocument, WritesPagesThatWereAddedAndLeavesOutRemovedOnes)
     EXPECT_EQ(SavedPage(0).getKey("/MediaBox").unparse(), "[ 0 0 7 7 ]");
 }
 
+TEST_F(WriteDocument, KeepsTheBytesAndResourcesOfPagesThatNobodyChanged)
+{
+    const std::string content = "BT /F 9 Tf 5 0 Td (a) Tj 0 5 Td (b) Tj ET %";
+    const auto document = ReadFile(
+        PdfFileOfPages({content, content}, "", "/Font<</F<</Type/Font/Subtype/Type1/BaseFont/Helvetica>>>>"));
+    Fill(ContentOf(*document, 1), Line());
+    PageOf(*document, 0).SetPageBox(PageBox::Crop, Box(0.0, 0.0, 1000.0, 1000.0));
+    Save(*document);
+    EXPECT_EQ(SavedContent(0), content);
+    EXPECT_TRUE(SavedPage(0).getKey("/Resources").getKey("/Font").hasKey("/F"));
+    EXPECT_TRUE(SavedPage(0).hasKey("/CropBox"));
+    EXPECT_THAT(SavedContent(1), ::testing::EndsWith("0 0 m\n1 0 l\nn\n"));
+}
+
+TEST_F(WriteDocument, WritesAPageAnewThatSharesAPatternWithAChangedOne)
+{
+    const std::string content = "/Pattern cs /P scn 0 0 9 9 re f";
+    const auto document = ReadFile(
+        PdfFileOfPages({content, content}, "", "/Pattern<</P 7 0 R>>",
+                       {PdfStream("0 0 1 1 re f", "/PatternType 1/PaintType 1/TilingType 1/BBox[0 0 2 2]"
+                                                  "/XStep 2/YStep 2/Resources<<>>")}));
+    Fill(ContentOf(*document, 1), Line());
+    const auto reopened = SaveAndRead(*document);
+    const auto paint = [&](std::size_t page) {
+        return static_cast<const OrvDoc::Path*>(ContentOf(*reopened, page).GetChildren().first)
+            ->GetFillPaint();
+    };
+    ASSERT_TRUE(paint(0));
+    EXPECT_EQ(paint(0), paint(1));
+}
+
 constexpr const char* unmodelled = "0 0 1 1 re f\n/Fm0 Do\n% a comment";
 
 TEST_F(WriteDocument, KeepsAContentThatItCannotModelAsItStands)
@@ -226,6 +257,7 @@ TEST_F(WriteDocument, ReplacesTheResourcesThatItSaysAnewAndKeepsTheOthers)
         ReadFile(PdfFileOfPages({"/A cs 0.5 sc 0 0 1 1 re f"}, "",
                                 "/ColorSpace<</A[/CalGray<</WhitePoint[0.9 1 0.9]>>]/DefaultRGB "
                                 "/DeviceRGB>>/Font<</F 9 0 R>>/ProcSet[/PDF]/ExtGState<</G<</LW 1>>>>"));
+    ContentOf(*document).MarkChanged();
     Save(*document);
     QPDFObjectHandle resources = SavedPage().getKey("/Resources");
     EXPECT_EQ(resources.getKey("/ColorSpace").getKeys(), std::set<std::string>{"/cs0"});
@@ -245,6 +277,7 @@ TEST_F(WriteDocument, GivesItsFormerResourcesToAppearancesThatHaveNone)
                  PdfStream("BT /F 9 Tf (a) Tj ET", "/Subtype/Form/BBox[0 0 9 9]"),
                  PdfStream("", "/Subtype/Form/BBox[0 0 9 9]/Resources<<>>"),
                  "<</Type/Font/Subtype/Type1/BaseFont/Helvetica>>"}));
+    ContentOf(*document).MarkChanged();
     Save(*document);
     QPDFObjectHandle annotations = SavedPage().getKey("/Annots");
     QPDFObjectHandle without = annotations.getArrayItem(0).getKey("/AP").getKey("/N").getDict();
@@ -498,7 +531,7 @@ TEST_F(WriteDocument, KeepsTheKeyOfAnEncryptedFileThatDoesNotSayItsLength)
     bytes.replace(bytes.find("/Length 128"), 11, "/Wength 128");
     const auto document = ReadFile(bytes);
     EXPECT_EQ(SaveAndRead(*document)->GetNumberOfPages(), 1u);
-    EXPECT_EQ(SavedContent(), "0 0 9 9 re\nf\n");
+    EXPECT_EQ(SavedContent(), "0 0 9 9 re f");
 }
 
 TEST_F(WriteDocument, KeepsNumberSignsInNames)
