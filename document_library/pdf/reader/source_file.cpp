@@ -19,6 +19,8 @@
 #include "orv_doc/late_errors.h"
 #include "pdf/limit_text.h"
 #include "pdf/reader/file_reading.h"
+#include "pdf/reader/length_mending.h"
+#include "pdf/reader/object_places.h"
 #include "pdf/reader/qpdf_text.h"
 #include "pdf/reader/stack_room.h"
 #include "pdf/reader/table_repair.h"
@@ -173,6 +175,29 @@ std::unique_ptr<QPDF> SourceFile::OpenWith(const std::string& candidate) const
     return opened;
 }
 
+// The PDF library makes the table anew when it meets an entry that leads to something else. What was read
+// until then came from the old table, so that the outcome would depend on the order in which objects are
+// asked for.
+std::vector<ObjectPlace> SourceFile::SettleTable(QPDF& opened) const
+{
+    std::vector<ObjectPlace> places = ListObjectPlaces(opened, GetBytes());
+    if (const auto misplaced = FindMisplacedObject(places, GetBytes())) {
+        opened.getObject(*misplaced).isNull();
+        places = ListObjectPlaces(opened, GetBytes());
+    }
+    return places;
+}
+
+std::string SourceFile::MendLengths(const std::vector<ObjectPlace>& places)
+{
+    const std::size_t count = OrvPdf::MendLengths(places, bytes.get(), size);
+    if (count == 0)
+        return {};
+    qpdf = OpenAgain();
+    return "the lengths of " + std::to_string(count) +
+           " streams are wrong; their data was taken to the next endstream";
+}
+
 void SourceFile::OpenObjects()
 {
     std::string problem = TryPasswords();
@@ -186,8 +211,11 @@ void SourceFile::OpenObjects()
         Fail(options.password.empty() ? "the file is encrypted and needs a password"
                                       : "the file is encrypted and the password is wrong");
     }
+    std::string lengthProblem = MendLengths(SettleTable(*qpdf));
     isEncrypted = qpdf->isEncrypted();
     openingProblems = TakeWarnings();
+    if (!lengthProblem.empty())
+        openingProblems.push_back(std::move(lengthProblem));
     if (!problem.empty())
         openingProblems.push_back(
             "the file was read with a cross-reference table made for it, since otherwise: " + problem);
@@ -252,7 +280,9 @@ bool SourceFile::AddTable()
 
 std::unique_ptr<QPDF> SourceFile::OpenAgain() const
 {
-    return OpenWith(password);
+    std::unique_ptr<QPDF> opened = OpenWith(password);
+    SettleTable(*opened);
+    return opened;
 }
 
 std::vector<std::string> SourceFile::TakeWarnings() const

@@ -24,6 +24,8 @@ class LateErrors;
 namespace OrvPdf
 {
 
+struct ObjectPlace;
+
 /// The bytes of a PDF file in memory, and its objects. Objects are parsed when they are first asked for, and
 /// the library that does it isn't thread-safe: everything that touches an object handle holds an `Access`.
 class SourceFile
@@ -97,6 +99,10 @@ private:
     std::string TryPasswords();
     /// Puts a cross-reference table made anew behind the bytes. False if none can be made for the file.
     bool AddTable();
+    /// Makes sure that the cross-reference table does not change later. Where it leads to is returned.
+    std::vector<ObjectPlace> SettleTable(QPDF& opened) const;
+    /// Changes the bytes where very many streams do not end where they say. What was wrong is returned.
+    std::string MendLengths(const std::vector<ObjectPlace>& places);
     void CheckObjectCount() const;
     /// What the parser met since the last call.
     std::vector<std::string> TakeWarnings() const;

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "pdf/reader/file_scan.h"
 #include "pdf/reader/flate_data.h"
 
 namespace OrvPdf
@@ -18,20 +19,14 @@ namespace OrvPdf
 namespace
 {
 
-constexpr std::string_view Blanks("\0\t\n\f\r ", 6);
-constexpr std::string_view Digits = "0123456789";
 // Catalogues are small, unless they hold destinations or forms directly.
 constexpr std::size_t LargestCatalogue = 1 << 20;
-// Of an object stream's dictionary, an identifier or the like.
-constexpr std::size_t LargestEntry = 4096;
 // What all object streams may come to. Those of a book of ten thousand pages have a tenth of it.
 constexpr std::size_t LargestExpansion = std::size_t{128} << 20;
 // Longer numbers stand for no object; the limit of objects in a file has seven digits.
 constexpr std::size_t NumberDigits = 8;
 constexpr std::size_t GenerationDigits = 5;
 constexpr std::size_t LargestNumber = 99999999;
-// How far from its beginning a file's header is looked for, which is where its offsets count from.
-constexpr std::size_t HeaderRange = 1024;
 
 struct Reference
 {
@@ -57,19 +52,6 @@ std::string_view TakeLastNumber(std::string_view& text)
     return number;
 }
 
-/// Takes the blanks and the number that the text begins with.
-std::optional<std::size_t> TakeFirstNumber(std::string_view& text)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(Blanks), text.size()));
-    const std::size_t length = std::min(text.find_first_not_of(Digits), text.size());
-    if (length == 0 || length > 10) {
-        return std::nullopt;
-    }
-    const std::size_t number = std::stoull(std::string(text.substr(0, length)));
-    text.remove_prefix(length);
-    return number;
-}
-
 /// The object whose keyword stands at that place, and where its number begins.
 std::optional<std::pair<Reference, std::size_t>> ReadObjectHead(std::string_view bytes, std::size_t keyword)
 {
@@ -86,21 +68,6 @@ std::optional<std::pair<Reference, std::size_t>> ReadObjectHead(std::string_view
     const Reference reference = {static_cast<std::uint32_t>(std::stoul(std::string(number))),
                                  static_cast<std::uint32_t>(std::stoul(std::string(generation)))};
     return std::pair(reference, before.size());
-}
-
-/// What stands behind the last place where the dictionaries of the text have that key; empty if none has.
-std::string_view FindLastEntry(std::string_view text, std::string_view key)
-{
-    for (std::size_t place = text.rfind(key); place != std::string_view::npos;
-         place = place == 0 ? std::string_view::npos : text.rfind(key, place - 1)) {
-        const std::string_view rest = text.substr(place + key.size());
-        // The name may go on, as that of another key.
-        if (!rest.empty() && (Blanks.find(rest[0]) != std::string_view::npos ||
-                              std::string_view("/[<(").find(rest[0]) != std::string_view::npos)) {
-            return rest.substr(0, LargestEntry);
-        }
-    }
-    return {};
 }
 
 std::optional<std::size_t> FindNumber(std::string_view dictionary, std::string_view key)
@@ -251,7 +218,7 @@ std::string FindEncryption(std::string_view bytes, const FoundObjects& objects)
     }
     std::string_view text = bytes.substr(object->second.offset, LargestEntry);
     text.remove_prefix(std::min(text.find("obj") + 3, text.size()));
-    text.remove_prefix(std::min(text.find_first_not_of(Blanks), text.size()));
+    SkipBlanks(text);
     if (text.substr(0, 2) != "<<") {
         return {};
     }
@@ -286,12 +253,6 @@ void AppendTable(std::string& text, const FoundObjects& objects, std::size_t ori
             AppendRow(text, first->second.offset - origin, first->second.generation);
         }
     }
-}
-
-std::size_t FindOrigin(std::string_view bytes)
-{
-    const std::size_t header = bytes.substr(0, HeaderRange).find("%PDF-");
-    return header == std::string_view::npos ? 0 : header;
 }
 
 } // namespace

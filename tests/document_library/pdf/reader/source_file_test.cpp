@@ -186,7 +186,7 @@ TEST(SourceFile, NeedsTheFileNoMoreOnceItIsOpen)
 TEST(SourceFile, SurvivesAChainOfReferencesThatIsDeeperThanTheStack)
 {
     // The length of each stream is a reference to the next one.
-    const int count = 10000;
+    const int count = 6000;
     std::vector<std::string> objects = {"<< /Type /Catalog /Pages 2 0 R >>", "<< /Kids [] >>"};
     for (int number = 3; number < count; ++number)
         objects.push_back("<< /Length " + std::to_string(number + 1) + " 0 R >>\nstream\nx\nendstream");
@@ -194,6 +194,38 @@ TEST(SourceFile, SurvivesAChainOfReferencesThatIsDeeperThanTheStack)
     const ReaderTests::OpenedFile file(PdfFile(objects));
     file.GetObject(3).isStream();
     EXPECT_THAT(ReaderTests::TakeLateTexts(*file.Get()), Contains(HasSubstr("nested too deeply")));
+}
+
+TEST(SourceFile, MendsTheLengthsOfVeryManyStreamsAtOnce)
+{
+    // For each of them, the PDF library looks at all objects.
+    const int count = 20000;
+    std::vector<std::string> objects = {"<< /Type /Catalog /Pages 2 0 R >>", "<< /Kids [] >>"};
+    for (int number = 3; number <= count; ++number)
+        objects.push_back("<< /Length " + std::to_string(number + 1) + " 0 R >>\nstream\nabc\nendstream");
+    const ReaderTests::OpenedFile file(PdfFile(objects));
+    EXPECT_EQ(file.GetObject(3).getDict().getKey("/Length").getIntValue(), 3);
+    EXPECT_EQ(file.GetObject(count - 1).getRawStreamData()->getSize(), 3u);
+    EXPECT_THAT(ReaderTests::TakeLateTexts(*file.Get()), testing::IsEmpty());
+    // The last one refers to no object at all.
+    EXPECT_THAT(
+        file.Get()->GetOpeningProblems(),
+        testing::ElementsAre("the lengths of 19997 streams are wrong; their data was taken to the next "
+                             "endstream"));
+}
+
+TEST(SourceFile, ReadsAllByTheTableThatIsMadeAnewForOneWrongEntry)
+{
+    std::string bytes = PdfFile({"<< /Type /Catalog /Pages 2 0 R >>", "<< /Kids [] >>",
+                                 "(old)\nendobj\n3 0 obj\n(new)", "(elsewhere)"});
+    const std::string place = std::to_string(bytes.find("4 0 obj"));
+    bytes.replace(bytes.rfind(place + " 00000 n"), place.size(), std::string(place.size(), '1'));
+    const ReaderTests::OpenedFile file(bytes);
+    EXPECT_EQ(file.GetObject(3).getStringValue(), "new");
+    EXPECT_EQ(file.GetObject(4).getStringValue(), "elsewhere");
+    EXPECT_THAT(file.Get()->GetOpeningProblems(),
+                Contains(HasSubstr("Attempting to reconstruct cross-reference table")));
+    EXPECT_TRUE(file.Get()->WasRepaired());
 }
 
 TEST(SourceFile, RefusesMoreObjectsThanTheLimit)
