@@ -84,9 +84,10 @@ bool KeptContents::MayKeep(const OrvDoc::Content& content)
     return MayKeep(content, source && !source->hasUnmodelled && !LosesInside(content));
 }
 
-bool KeptContents::MayKeepPage(const OrvDoc::Content& content, bool hasUnmodelled)
+bool KeptContents::MayKeepPage(const OrvDoc::Content& content, bool hasUnmodelled, bool isDamaged)
 {
-    return MayKeep(content, !hasUnmodelled && !LosesInside(content));
+    const bool isModelled = !hasUnmodelled && !LosesInside(content);
+    return !(isModelled && isDamaged) && MayKeep(content, isModelled);
 }
 
 bool KeptContents::LosesInside(const OrvDoc::Content& content)

@@ -49,8 +49,9 @@ public:
     /// have other objects than those who share these with it and are written anew. Each content is walked at
     /// most twice. One of which writing anew would lose something inside stays as if it were not modelled.
     bool MayKeep(const OrvDoc::Content& content);
-    /// The same for the content of a page, of which its reader knows whether something is not modelled.
-    bool MayKeepPage(const OrvDoc::Content& content, bool hasUnmodelled);
+    /// The same for the content of a page, of which its reader knows whether something is not modelled, or
+    /// damaged. Damage stays only with what is not modelled.
+    bool MayKeepPage(const OrvDoc::Content& content, bool hasUnmodelled, bool isDamaged);
 
     /// Whether a content that is written anew loses something of what it paints with: something unmodelled in
     /// a content that cannot stay without this one, or the text of a glyph that is other than its font draws

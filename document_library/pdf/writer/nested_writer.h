@@ -74,9 +74,9 @@ public:
 
     /// Whether the content of a page, which nobody changed, may be kept as it stands in the file: what is
     /// inside of it can be.
-    bool MayKeepPage(const OrvDoc::Content& content, bool hasUnmodelled)
+    bool MayKeepPage(const OrvDoc::Content& content, bool hasUnmodelled, bool isDamaged)
     {
-        return kept.MayKeepPage(content, hasUnmodelled);
+        return kept.MayKeepPage(content, hasUnmodelled, isDamaged);
     }
     /// To be called for a content that is kept: sees to what was changed of the forms inside.
     void Keep(const OrvDoc::Content& content);

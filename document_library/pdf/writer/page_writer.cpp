@@ -84,7 +84,9 @@ std::vector<std::string> PageWriter::Write(const OrvDoc::Page& page, const PageE
     const std::string place = "page " + std::to_string(page.GetPageIndex() + 1);
     const bool hasUnmodelled = source && source->GetInterpretation().hasUnmodelled;
     const bool isUnchanged = source && content.GetRevision() == source->GetBaseRevision();
-    if (isUnchanged && nested.MayKeepPage(content, hasUnmodelled)) {
+    const bool isDamaged =
+        source && (!source->GetInterpretation().damaged.empty() || source->HasDamagedStreams());
+    if (isUnchanged && nested.MayKeepPage(content, hasUnmodelled, isDamaged)) {
         KeepContent(*source, dictionary);
         nested.Keep(content);
         std::vector<std::string> texts = problems.GetTexts(place);

@@ -534,6 +534,13 @@ TEST_F(WriteDocument, KeepsTheKeyOfAnEncryptedFileThatDoesNotSayItsLength)
     EXPECT_EQ(SavedContent(), "0 0 9 9 re f");
 }
 
+TEST_F(WriteDocument, WritesADamagedPageAnewOfWhichAllIsModelled)
+{
+    const auto document = ReadFile(PdfFileOfPages({"0 0 9 9 re ) f"}));
+    Save(*document);
+    EXPECT_EQ(SavedContent(), "0 0 9 9 re\nf\n");
+}
+
 TEST_F(WriteDocument, KeepsNumberSignsInNames)
 {
     Save(*ReadFile(PdfFileOfPages({""}, "/A#23B#20C[/D#2341]")));
