@@ -37,6 +37,39 @@ const Matrix* FindFirstMatrix(const OrvDoc::Group& group)
     return nullptr;
 }
 
+/// The matrix that all of a group stands under, seen from where the group stands. Null if there are several,
+/// or if that can't be told at once.
+const Matrix* FindOnlyMatrix(const OrvDoc::Group& group)
+{
+    const OrvDoc::Group* inner = &group;
+    for (int depth = 0; depth < lookAheadDepth; ++depth) {
+        if (!Plexa::IsIdentity(inner->GetTransformation())) {
+            return nullptr;
+        }
+        if (const auto* const texts = dynamic_cast<const OrvDoc::TextGroup*>(inner)) {
+            return FindSharedMatrix(*texts);
+        }
+        const ContentObject* const only = inner->children.first;
+        if (!only || only->next) {
+            return nullptr;
+        }
+        inner = dynamic_cast<const OrvDoc::Group*>(only);
+        if (!inner) {
+            const auto* const placed = dynamic_cast<const OrvDoc::Transformable*>(only);
+            return placed && Plexa::Inverse(placed->GetTransformation()) ? &placed->GetTransformation()
+                                                                         : nullptr;
+        }
+    }
+    return nullptr;
+}
+
+/// Whether a text stands for what the group shows (ISO 32000-1, 14.9.4).
+bool HasActualText(const OrvDoc::MarkedContent& mark)
+{
+    const OrvSys::PdfObject& list = mark.properties.IsName() ? mark.resource : mark.properties;
+    return list.IsDictionary() && list.GetEntries().count("ActualText") > 0;
+}
+
 } // namespace
 
 void ContentWalk::PrepareGroup(const OrvDoc::Group& group)
@@ -186,6 +219,13 @@ void ContentWalk::BeginMarkedGroup(const OrvDoc::Group& group, const OrvDoc::Mar
     const bool isPoint = mark.isPoint && !group.children.first && attributes.empty();
     if (mark.isPoint && !isPoint) {
         Refuse(group, "marked-content points that hold something are written as marked content");
+    }
+    if (HasActualText(mark) && Plexa::IsIdentity(matrix) && clips.empty()) {
+        // Programs place that text by the matrix that is in force at its end.
+        const Matrix* const only = FindOnlyMatrix(group);
+        if (only && LeaveMatrix(*only, group)) {
+            EnterMatrix(*only);
+        }
     }
     AppendName(out, mark.tag);
     const bool isNamed = mark.properties.IsName() || mark.properties.ContainsStream();

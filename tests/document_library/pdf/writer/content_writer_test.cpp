@@ -285,6 +285,20 @@ TEST(ContentWriter, WritesForeignMarkedContentBack)
               std::string("/P <</MCID 3>> BDC\n") + line + "n\nEMC\n/Artifact BMC\nEMC\n");
 }
 
+TEST(ContentWriter, EndsTheTextForAGroupUnderTheMatrixOfWhatItStandsFor)
+{
+    const OrvSys::PdfObject list =
+        OrvSys::PdfObject::Dictionary({{"ActualText", OrvSys::PdfObject::String("x")}});
+    EXPECT_EQ(BytesOf(With(Marked(Mark("Span", list)), Transformed(Line(), scale)), Line()),
+              std::string("q\n2 0 0 2 0 0 cm\n/Span <</ActualText (x)>> BDC\n") + line + "n\nEMC\nQ\n" +
+                  line + "n\n");
+    EXPECT_EQ(BytesOf(With(Marked(Mark("Span", list)), Transformed(Line(), scale), Line())),
+              std::string("/Span <</ActualText (x)>> BDC\nq\n2 0 0 2 0 0 cm\n") + line + "n\nQ\n" + line +
+                  "n\nEMC\n");
+    EXPECT_EQ(BytesOf(With(Marked(Mark("P", Numbered(3))), Transformed(Line(), scale))),
+              std::string("/P <</MCID 3>> BDC\nq\n2 0 0 2 0 0 cm\n") + line + "n\nQ\nEMC\n");
+}
+
 TEST(ContentWriter, WritesForeignPointsBack)
 {
     EXPECT_EQ(BytesOf(Marked(Mark("A", {}, {}, true)), Marked(Mark("B", Numbered(1), {}, true))),
