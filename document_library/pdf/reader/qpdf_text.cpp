@@ -22,6 +22,22 @@ QPDFObjectHandle GetEntry(QPDFObjectHandle object, const char* key)
     return QPDFObjectHandle::newNull();
 }
 
+QPDFObjectHandle GetNamedEntry(QPDFObjectHandle object, const std::string& name)
+{
+    std::string key = "/" + name;
+    QPDFObjectHandle entry = GetEntry(object, key.c_str());
+    if (!entry.isNull() || name.find('#') == std::string::npos || !object.isDictionary()) {
+        return entry;
+    }
+    // Some of the number signs may begin no escape where the key stands.
+    for (const std::string& candidate : object.getKeys()) {
+        if (WithoutSlash(candidate) == name) {
+            return object.getKey(candidate);
+        }
+    }
+    return entry;
+}
+
 std::string WithoutSlash(const std::string& name)
 {
     std::string text = !name.empty() && name.front() == '/' ? name.substr(1) : name;

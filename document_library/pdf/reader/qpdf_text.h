@@ -15,6 +15,10 @@ std::string DescribeObject(QPDFObjectHandle object);
 /// none or if this is neither.
 QPDFObjectHandle GetEntry(QPDFObjectHandle object, const char* key);
 
+/// The value at a name as a content stream has it, without slash; a null object if there is none. A number
+/// sign that begins no escape is itself, in the dictionary as well.
+QPDFObjectHandle GetNamedEntry(QPDFObjectHandle object, const std::string& name);
+
 /// A name or dictionary key without its slash.
 std::string WithoutSlash(const std::string& name);
 

@@ -48,7 +48,7 @@ QPDFObjectHandle ResourceReader::FindResource(const char* category, const std::s
         problem = "there are no resources";
         return QPDFObjectHandle::newNull();
     }
-    QPDFObjectHandle found = GetEntry(dictionary.getKey(category), ("/" + name).c_str());
+    QPDFObjectHandle found = GetNamedEntry(dictionary.getKey(category), name);
     if (found.isNull())
         problem = "it is missing from " + WithoutSlash(category) + " of the resources";
     hasFound = hasFound || !found.isNull();

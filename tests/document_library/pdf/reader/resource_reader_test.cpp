@@ -99,6 +99,15 @@ TEST(ResourceReader, FindsAColourSpace)
     EXPECT_EQ(resources.problem, "");
 }
 
+TEST(ResourceReader, FindsNamesWithNumberSignsThatBeginNoEscape)
+{
+    Resources resources("/ColorSpace << /C#1 " + CalRGB + " /C#2342 /DeviceGray >>");
+    EXPECT_TRUE(resources.Space("C#1"));
+    EXPECT_EQ(resources.Space("C#42"), ColorSpace::DeviceGray());
+    EXPECT_FALSE(resources.Space("C#2"));
+    EXPECT_NE(resources.problem, "");
+}
+
 TEST(ResourceReader, GivesEqualColourSpacesAsOneObject)
 {
     Resources resources("/ColorSpace << /Cs1 " + CalRGB + " /Cs2 " + CalRGB + " /Cs3 6 0 R /Cs4 7 0 R >>",
