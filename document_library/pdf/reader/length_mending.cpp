@@ -39,24 +39,21 @@ struct LengthChange
     std::string text;
 };
 
-/// Objects by number, each with its text from behind its keyword.
+/// Objects that lengths refer to. They are sorted by number when the first is asked for: few files have any.
 class NumberObjects
 {
 public:
-    NumberObjects(const std::vector<ObjectPlace>& places, std::string_view bytes)
-    {
-        for (const ObjectPlace& place : places) {
-            texts[place.object.getObj()] = bytes.substr(place.begin, place.end - place.begin);
-        }
-    }
+    NumberObjects(const std::vector<ObjectPlace>& givenPlaces, std::string_view givenBytes)
+        : places(givenPlaces), bytes(givenBytes)
+    {}
 
     /// Whether the object is in the file's bytes; one of an object stream is not.
-    bool Has(std::size_t number) const { return texts.count(static_cast<int>(number)) > 0; }
+    bool Has(std::size_t number) { return GetTexts().count(static_cast<int>(number)) > 0; }
 
     /// Nothing if the object is no number.
-    std::optional<std::size_t> Read(std::size_t number) const
+    std::optional<std::size_t> Read(std::size_t number)
     {
-        std::string_view text = texts.at(static_cast<int>(number));
+        std::string_view text = GetTexts().at(static_cast<int>(number));
         TakeFirstNumber(text);
         TakeFirstNumber(text);
         SkipBlanks(text);
@@ -65,6 +62,18 @@ public:
     }
 
 private:
+    const std::unordered_map<int, std::string_view>& GetTexts()
+    {
+        if (texts.empty()) {
+            for (const ObjectPlace& place : places) {
+                texts[place.object.getObj()] = bytes.substr(place.begin, place.end - place.begin);
+            }
+        }
+        return texts;
+    }
+
+    const std::vector<ObjectPlace>& places;
+    std::string_view bytes;
     std::unordered_map<int, std::string_view> texts;
 };
 
@@ -123,7 +132,7 @@ std::optional<FoundStream> FindStream(const ObjectPlace& place, std::string_view
 
 /// Whether the data ends where the value says, as far as that can be told.
 bool MayBeRight(const FoundStream& stream, const ObjectPlace& place, std::string_view bytes,
-                const NumberObjects& numbers)
+                NumberObjects& numbers)
 {
     std::string_view value = bytes.substr(stream.lengthBegin, stream.lengthEnd - stream.lengthBegin);
     std::optional<std::size_t> length = TakeFirstNumber(value);
@@ -166,7 +175,7 @@ std::optional<std::size_t> MeasureData(const FoundStream& stream, const ObjectPl
 
 std::vector<LengthChange> ListChanges(const std::vector<ObjectPlace>& places, std::string_view bytes)
 {
-    const NumberObjects numbers(places, bytes);
+    NumberObjects numbers(places, bytes);
     std::vector<LengthChange> changes;
     for (const ObjectPlace& place : places) {
         const auto stream = FindStream(place, bytes);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFXRefEntry.hh>
@@ -62,6 +63,18 @@ std::optional<QPDFObjGen> FindMisplacedObject(const std::vector<ObjectPlace>& pl
         return std::nullopt;
     }
     return found->object;
+}
+
+bool KeepsObjects(const std::vector<ObjectPlace>& before, const std::vector<ObjectPlace>& after,
+                  std::string_view bytes)
+{
+    std::set<QPDFObjGen> kept;
+    for (const ObjectPlace& place : after) {
+        kept.insert(place.object);
+    }
+    return std::all_of(before.begin(), before.end(), [&](const ObjectPlace& place) {
+        return kept.count(place.object) > 0 || !StandsAt(place.object, bytes.substr(place.begin));
+    });
 }
 
 } // namespace OrvPdf

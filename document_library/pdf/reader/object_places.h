@@ -27,4 +27,8 @@ std::vector<ObjectPlace> ListObjectPlaces(QPDF& qpdf, std::string_view bytes);
 /// The first of the objects at whose place there is something else; nothing if each is where it should be.
 std::optional<QPDFObjGen> FindMisplacedObject(const std::vector<ObjectPlace>& places, std::string_view bytes);
 
+/// Whether each object that is where it should be has a place in another table as well.
+bool KeepsObjects(const std::vector<ObjectPlace>& before, const std::vector<ObjectPlace>& after,
+                  std::string_view bytes);
+
 } // namespace OrvPdf

@@ -178,13 +178,19 @@ std::unique_ptr<QPDF> SourceFile::OpenWith(const std::string& candidate) const
 // The PDF library makes the table anew when it meets an entry that leads to something else. What was read
 // until then came from the old table, so that the outcome would depend on the order in which objects are
 // asked for.
-std::vector<ObjectPlace> SourceFile::SettleTable(QPDF& opened) const
+std::vector<ObjectPlace> SourceFile::SettleTable()
 {
-    std::vector<ObjectPlace> places = ListObjectPlaces(opened, GetBytes());
-    if (const auto misplaced = FindMisplacedObject(places, GetBytes())) {
-        opened.getObject(*misplaced).isNull();
-        places = ListObjectPlaces(opened, GetBytes());
-    }
+    std::vector<ObjectPlace> places = ListObjectPlaces(*qpdf, GetBytes());
+    misplaced = FindMisplacedObject(places, GetBytes());
+    if (!misplaced)
+        return places;
+    qpdf->getObject(*misplaced).isNull();
+    std::vector<ObjectPlace> newPlaces = ListObjectPlaces(*qpdf, GetBytes());
+    if (KeepsObjects(places, newPlaces, GetBytes()))
+        return newPlaces;
+    // Only objects at the beginning of a line are found for the new table.
+    misplaced.reset();
+    qpdf = OpenWith(password);
     return places;
 }
 
@@ -211,7 +217,7 @@ void SourceFile::OpenObjects()
         Fail(options.password.empty() ? "the file is encrypted and needs a password"
                                       : "the file is encrypted and the password is wrong");
     }
-    std::string lengthProblem = MendLengths(SettleTable(*qpdf));
+    std::string lengthProblem = MendLengths(SettleTable());
     isEncrypted = qpdf->isEncrypted();
     openingProblems = TakeWarnings();
     if (!lengthProblem.empty())
@@ -281,7 +287,8 @@ bool SourceFile::AddTable()
 std::unique_ptr<QPDF> SourceFile::OpenAgain() const
 {
     std::unique_ptr<QPDF> opened = OpenWith(password);
-    SettleTable(*opened);
+    if (misplaced)
+        opened->getObject(*misplaced).isNull();
     return opened;
 }
 

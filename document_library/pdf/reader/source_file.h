@@ -4,11 +4,13 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include <boost/filesystem/path.hpp>
+#include <qpdf/QPDFObjGen.hh>
 
 #include <orv_doc/read_options.h>
 
@@ -100,7 +102,7 @@ private:
     /// Puts a cross-reference table made anew behind the bytes. False if none can be made for the file.
     bool AddTable();
     /// Makes sure that the cross-reference table does not change later. Where it leads to is returned.
-    std::vector<ObjectPlace> SettleTable(QPDF& opened) const;
+    std::vector<ObjectPlace> SettleTable();
     /// Changes the bytes where very many streams do not end where they say. What was wrong is returned.
     std::string MendLengths(const std::vector<ObjectPlace>& places);
     void CheckObjectCount() const;
@@ -115,6 +117,8 @@ private:
     std::unique_ptr<char[]> bytes;
     std::size_t size = 0;
     std::string password; // In the form that the file took.
+    /// An object for which the table is made anew.
+    std::optional<QPDFObjGen> misplaced;
     bool isEncrypted = false;
     bool wasRepaired = false;
     std::unique_ptr<QPDF> qpdf;

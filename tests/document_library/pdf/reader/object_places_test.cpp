@@ -58,4 +58,16 @@ TEST(ObjectPlaces, TellWhereSomethingElseStands)
     }
 }
 
+TEST(ObjectPlaces, AreKeptByATableThatHasAllObjectsThatAreThere)
+{
+    const std::string bytes = "1 0 obj 2 0 obj";
+    const std::vector<ObjectPlace> both = {{QPDFObjGen(1, 0), 0, 8}, {QPDFObjGen(2, 0), 8, 15}};
+    const std::vector<ObjectPlace> second = {{QPDFObjGen(2, 0), 8, 15}};
+    EXPECT_TRUE(OrvPdf::KeepsObjects(both, both, bytes));
+    EXPECT_TRUE(OrvPdf::KeepsObjects(second, both, bytes));
+    EXPECT_FALSE(OrvPdf::KeepsObjects(both, second, bytes));
+    const std::vector<ObjectPlace> wrong = {{QPDFObjGen(7, 0), 0, 8}, {QPDFObjGen(2, 0), 8, 15}};
+    EXPECT_TRUE(OrvPdf::KeepsObjects(wrong, second, bytes));
+}
+
 } // namespace

@@ -228,6 +228,18 @@ TEST(SourceFile, ReadsAllByTheTableThatIsMadeAnewForOneWrongEntry)
     EXPECT_TRUE(file.Get()->WasRepaired());
 }
 
+TEST(SourceFile, KeepsATableWithAWrongEntryIfANewOneWouldHaveFewerObjects)
+{
+    // The search for objects looks at the beginnings of lines.
+    std::string bytes =
+        PdfFile({"<< /Type /Catalog /Pages 2 0 R >>", "<< /Kids [] >>", "(hidden)", "(lost)"});
+    bytes.replace(bytes.find("\n3 0 obj"), 1, " ");
+    const std::string place = std::to_string(bytes.find("4 0 obj"));
+    bytes.replace(bytes.rfind(place + " 00000 n"), place.size(), std::string(place.size(), '1'));
+    const ReaderTests::OpenedFile file(bytes);
+    EXPECT_EQ(file.GetObject(3).getStringValue(), "hidden");
+}
+
 TEST(SourceFile, RefusesMoreObjectsThanTheLimit)
 {
     // A catalogue, a node, a page and its content.
