@@ -12,7 +12,7 @@
 #include "laws/equal_documents.h"
 #include "laws/scratch_folder.h"
 #include "laws/small_limits.h"
-#include "pdf/reader/content_lexer.h"
+#include "pdf/reader/lexer/content_lexer.h"
 #include "support/all_contents.h"
 
 #include <orv_doc/content.h>

@@ -19,11 +19,11 @@
 #include "library_support/small_file.h"
 
 #include "orv_sys/stream_bytes.h"
-#include "pdf/reader/filter_stage.h"
-#include "pdf/reader/flate_data.h"
-#include "pdf/reader/predictor.h"
-#include "pdf/reader/stream_data.h"
-#include "pdf/writer/flate_compressor.h"
+#include "pdf/reader/file/filter_stage.h"
+#include "pdf/reader/file/flate_data.h"
+#include "pdf/reader/file/predictor.h"
+#include "pdf/reader/file/stream_data.h"
+#include "pdf/writer/file/flate_compressor.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -148,8 +148,8 @@ std::size_t CountCutBytes(const FilterStage& stage)
     return OrvPdf::HasPredictor(stage) ? GetRowBytes(stage) : 4;
 }
 
-/// How many bytes at the limit may belong to a sample whose lower bits are beyond it, so that its difference to
-/// the one on its left cannot be undone.
+/// How many bytes at the limit may belong to a sample whose lower bits are beyond it, so that its difference
+/// to the one on its left cannot be undone.
 std::size_t CountBytesOfCutSample(const FilterStage& stage)
 {
     const long long bits = stage.bitsPerComponent;

@@ -29,11 +29,11 @@
 #include "orv_font/program_font.h"
 #include "pdf/fonts/file_font.h"
 #include "pdf/fonts/only_code_point.h"
-#include "pdf/reader/file_reading.h"
-#include "pdf/reader/font_reader.h"
-#include "pdf/writer/file_font_objects.h"
-#include "pdf/writer/font_embedding.h"
-#include "pdf/writer/object_maker.h"
+#include "pdf/reader/file/file_reading.h"
+#include "pdf/reader/fonts/font_reader.h"
+#include "pdf/writer/file/object_maker.h"
+#include "pdf/writer/fonts/file_font_objects.h"
+#include "pdf/writer/fonts/font_embedding.h"
 
 #include <algorithm>
 #include <cmath>

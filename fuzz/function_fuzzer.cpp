@@ -28,9 +28,9 @@
 #include "orv_color/calculator_program.h"
 #include "orv_color/function_numbers.h"
 #include "orv_color/tint_transform.h"
-#include "pdf/reader/file_reading.h"
-#include "pdf/reader/object_conversion.h"
-#include "pdf/writer/object_maker.h"
+#include "pdf/reader/file/file_reading.h"
+#include "pdf/reader/resources/object_conversion.h"
+#include "pdf/writer/file/object_maker.h"
 
 #include <algorithm>
 #include <cmath>

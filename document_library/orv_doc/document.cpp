@@ -15,8 +15,8 @@
 #include <orv_doc/visitor.h>
 
 #include "orv_doc/document_source.h"
-#include "pdf/reader/open_file.h"
-#include "pdf/writer/write_document.h"
+#include "pdf/reader/document/open_file.h"
+#include "pdf/writer/file/write_document.h"
 
 namespace OrvDoc
 {

@@ -121,8 +121,8 @@ OrvDoc::ReadOptions LimitsOfWritten()
 void RequireWithin(const Limits& limits, OrvDoc::Document& document)
 {
     Require(document.GetNumberOfPages() <= limits.pages, "a document has no more pages than the limit");
-    // Those of the structure, those of the page tree, which is read later, and those that are found after reading
-    // have a last one each.
+    // Those of the structure, those of the page tree, which is read later, and those that are found after
+    // reading have a last one each.
     Require(document.GetActiveErrors().GetAllErrors().size() <= 2 * limits.errors + 3,
             "a document keeps no more errors than the limit");
     for (const OrvDoc::Content* const content : Examples::ListAllContents(document))

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pdf/reader/stream_data.h"
+#include "pdf/reader/file/stream_data.h"
 
 #include <string>
 #include <string_view>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pdf/reader/source_file.h"
+#include "pdf/reader/file/source_file.h"
 
 #include <memory>
 

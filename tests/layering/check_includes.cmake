@@ -43,6 +43,11 @@ forbid("the model knows files only by orv_doc/document_source.h and orv_doc/cont
     PATTERN "[<\"]pdf/" FOLDERS ${model} EXCEPT document_library/orv_doc/document.cpp)
 forbid("the PDF reader does not know the writer"
     PATTERN "[<\"]pdf/writer/" FOLDERS document_library EXCEPT document_library/pdf/writer document_library/orv_doc/document.cpp)
+forbid("the interpreter of content streams asks for resources and knows no file"
+    PATTERN "[<\"]qpdf/" FOLDERS document_library/pdf/reader/lexer document_library/pdf/reader/content)
+forbid("what reader and writer share knows neither"
+    PATTERN "[<\"]pdf/(reader|writer)/" FOLDERS document_library/pdf
+    EXCEPT document_library/pdf/reader document_library/pdf/writer)
 forbid("public headers show no type of the libraries that the implementation stands on"
     PATTERN "${foreignLibraries}" FOLDERS ${public} EXCEPT document_interface/boost_network_shim)
 

@@ -1,6 +1,6 @@
 #include "pdf/fonts/cmap_lexer.h"
 
-#include "pdf/reader/content_characters.h"
+#include "pdf/content_characters.h"
 
 #include <charconv>
 #include <cstddef>

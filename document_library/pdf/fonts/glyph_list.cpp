@@ -1,6 +1,6 @@
 #include "pdf/fonts/glyph_list.h"
 
-#include "pdf/reader/content_characters.h"
+#include "pdf/content_characters.h"
 
 #include <cstddef>
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "pdf/reader/decoded_bytes.h"
+#include "pdf/decoded_bytes.h"
 
 namespace OrvPdf
 {

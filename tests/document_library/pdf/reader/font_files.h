@@ -13,7 +13,7 @@
 #include "document_library/pdf/reader/late_texts.h"
 #include "document_library/pdf/reader/opened_file.h"
 #include "pdf/fonts/file_font.h"
-#include "pdf/reader/font_reader.h"
+#include "pdf/reader/fonts/font_reader.h"
 #include "support/pdf_text.h"
 
 /// Small files with fonts, and what is read of them.

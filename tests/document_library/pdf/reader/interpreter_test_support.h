@@ -26,8 +26,8 @@
 
 #include "orv_font/font_source.h"
 #include "pdf/number_text.h"
-#include "pdf/reader/content_interpreter.h"
-#include "pdf/reader/content_resources.h"
+#include "pdf/reader/content/content_interpreter.h"
+#include "pdf/reader/content/content_resources.h"
 
 /// Content streams to objects in a line, and the objects as a text of one line.
 namespace OrvPdf::Testing

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "orv_doc/late_errors.h"
-#include "pdf/reader/source_file.h"
+#include "pdf/reader/file/source_file.h"
 
 namespace ReaderTests
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pdf/reader/content_lexer.h"
+#include "pdf/reader/lexer/content_lexer.h"
 
 #include <cstdint>
 #include <memory>

@@ -9,7 +9,7 @@
 #include <orv_doc/document.h>
 #include <orv_doc/errors.h>
 
-#include "pdf/reader/source_file.h"
+#include "pdf/reader/file/source_file.h"
 #include "support/error_texts.h"
 #include "support/temporary_folder.h"
 

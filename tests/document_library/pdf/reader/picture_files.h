@@ -14,10 +14,10 @@
 
 #include "document_library/pdf/reader/late_texts.h"
 #include "orv_img/sample_packing.h"
-#include "pdf/reader/document_resources.h"
-#include "pdf/reader/file_picture.h"
-#include "pdf/reader/picture_resource.h"
-#include "pdf/reader/source_file.h"
+#include "pdf/reader/file/source_file.h"
+#include "pdf/reader/pictures/file_picture.h"
+#include "pdf/reader/pictures/picture_resource.h"
+#include "pdf/reader/resources/document_resources.h"
 #include "support/pdf_text.h"
 #include "support/temporary_folder.h"
 

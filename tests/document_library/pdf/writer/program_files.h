@@ -10,7 +10,7 @@
 
 #include "orv_font/font_program.h"
 #include "orv_font/program_font.h"
-#include "pdf/writer/font_subset.h"
+#include "pdf/writer/fonts/font_subset.h"
 #include "support/file_bytes.h"
 #include "support/made_programs.h"
 #include "support/open_type_maker.h"

@@ -6,8 +6,8 @@
 #include <orv_doc/document.h>
 #include <plexa/compound_builder.h>
 
-#include "pdf/writer/content_writer.h"
-#include "pdf/writer/separation_spaces.h"
+#include "pdf/writer/content/content_writer.h"
+#include "pdf/writer/content/separation_spaces.h"
 #include "support/document_makers.h"
 
 namespace OrvPdf::Testing

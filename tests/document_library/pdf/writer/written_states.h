@@ -10,10 +10,10 @@
 #include <orv_doc/read_options.h>
 #include <orv_doc/write_options.h>
 
-#include "pdf/writer/ext_g_state.h"
-#include "pdf/writer/nested_writer.h"
-#include "pdf/writer/object_maker.h"
-#include "pdf/writer/separation_spaces.h"
+#include "pdf/writer/content/ext_g_state.h"
+#include "pdf/writer/content/separation_spaces.h"
+#include "pdf/writer/file/object_maker.h"
+#include "pdf/writer/resources/nested_writer.h"
 #include "support/temporary_folder.h"
 #include "writer_test_support.h"
 
