@@ -1,5 +1,6 @@
 #include "orv_font/free_type_library.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <stdexcept>
 #include <string>
@@ -12,6 +13,9 @@ namespace OrvFont::Detail
 
 namespace
 {
+
+/// Bytes of a block that is given room to grow.
+constexpr std::size_t longList = 4096;
 
 /// Stands before each block and keeps its size, which FreeType does not tell when it gives a block back.
 struct alignas(std::max_align_t) BlockHeader
@@ -72,9 +76,14 @@ struct FreeTypeLibrary::Memory
         const std::size_t before = HeaderOf(block)->size;
         if (size <= 0 || static_cast<std::size_t>(size) > memory.bytesLeft + before)
             return nullptr;
-        const auto wanted = static_cast<std::size_t>(size);
-        // FreeType lets its lists grow by a few entries at a time: a new block for each would copy a long
-        // list thousands of times.
+        const auto needed = static_cast<std::size_t>(size);
+        if (needed <= before && needed > before / 2)
+            return block;
+        // FreeType lets its lists grow by a few entries at a time: where each new block is another one, a
+        // long list would be copied thousands of times. Small blocks get no room, since there are many of
+        // them.
+        const std::size_t room = needed > before && before >= longList ? needed / 2 : 0;
+        const std::size_t wanted = std::min(needed + room, memory.bytesLeft + before);
         auto* header = static_cast<BlockHeader*>(std::realloc(HeaderOf(block), sizeof(BlockHeader) + wanted));
         if (!header)
             return nullptr;
