@@ -53,12 +53,11 @@ public:
     /// damaged. Damage stays only with what is not modelled.
     bool MayKeepPage(const OrvDoc::Content& content, bool hasUnmodelled, bool isDamaged);
 
+private:
     /// Whether a content that is written anew loses something of what it paints with: something unmodelled in
     /// a content that cannot stay without this one, or the text of a glyph that is other than its font draws
     /// it. Each content is walked once.
     bool LosesInside(const OrvDoc::Content& content);
-
-private:
     bool MayKeep(const OrvDoc::Content& content, bool isModelled);
     bool MayKeep(const NestedContent& inside, bool isModelled);
     bool Loses(const NestedContent& inside);
